@@ -1,0 +1,64 @@
+# Shared helpers of the end-to-end scripts: start the real kelvane in its run directory,
+# find its window, and wait for it to end. Each script is called with the run directory.
+set -euo pipefail
+
+RUN_DIR="${1:?usage: $0 RUN_DIR}"
+CAPTION="Kelvane - Unfinished TSY '11 version"
+WORK="$(mktemp -d)"
+GAME_PID=""
+trap 'cleanup' EXIT
+
+cleanup() {
+  if [ -n "$GAME_PID" ] && kill -0 "$GAME_PID" 2>/dev/null; then kill -KILL "$GAME_PID" 2>/dev/null || true; fi
+  rm -rf "$WORK"
+}
+
+fail() {
+  echo "FAIL: $*" >&2
+  for f in stdout stderr; do
+    [ -s "$WORK/$f" ] && { echo "--- game $f:" >&2; tail -n 40 "$WORK/$f" >&2; }
+  done
+  exit 1
+}
+
+# Starts kelvane in the background from the run directory; output goes to $WORK.
+start_game() {
+  [ -x "$RUN_DIR/kelvane" ] || fail "no kelvane in $RUN_DIR"
+  (cd "$RUN_DIR" && exec ./kelvane >"$WORK/stdout" 2>"$WORK/stderr") &
+  GAME_PID=$!
+}
+
+# Waits until the game's window exists and prints its id.
+wait_for_window() {
+  local deadline=$((SECONDS + ${1:-30})) id
+  while [ $SECONDS -lt $deadline ]; do
+    kill -0 "$GAME_PID" 2>/dev/null || fail "kelvane ended before its window appeared"
+    id="$(xdotool search --name "^${CAPTION}\$" 2>/dev/null | head -n 1 || true)"
+    if [ -n "$id" ]; then echo "$id"; return 0; fi
+    sleep 0.1
+  done
+  fail "no window captioned \"$CAPTION\" within ${1:-30} s"
+}
+
+# Waits at most $1 seconds (fractions allowed) for the game to end; sets GAME_STATUS.
+wait_for_exit() {
+  local limit_ms
+  limit_ms="$(awk "BEGIN { print int($1 * 1000) }")"
+  local start_ms now_ms
+  start_ms="$(date +%s%3N)"
+  while kill -0 "$GAME_PID" 2>/dev/null; do
+    now_ms="$(date +%s%3N)"
+    [ $((now_ms - start_ms)) -le "$limit_ms" ] || fail "kelvane still running after $1 s"
+    sleep 0.05
+  done
+  set +e
+  wait "$GAME_PID"
+  GAME_STATUS=$?
+  set -e
+  GAME_PID=""
+}
+
+# Sends one key to the game's window.
+press_key() {
+  xdotool key --window "$1" "$2"
+}

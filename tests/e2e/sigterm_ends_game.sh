@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# SIGTERM becomes an SDL quit request, which ends the game with status 0 at its next frame.
+source "$(dirname "$0")/lib/common.sh"
+
+start_game
+wait_for_window >/dev/null
+sleep 0.5
+kill -TERM "$GAME_PID"
+wait_for_exit 2
+[ "$GAME_STATUS" -eq 0 ] || fail "exit status $GAME_STATUS after SIGTERM, expected 0"
+echo "ok: SIGTERM ended kelvane with status 0"

@@ -1,0 +1,201 @@
+// The facade with a real window: start-up defaults, the frame clock, the event thread and the
+// handling of a window-close request. Runs under Xvfb; skipped without a display.
+#include "DisplayTest.h"
+
+#include "graphics/Color.h"
+#include "platform/EventState.h"
+#include "platform/Vorlik.h"
+
+#include <gtest/gtest.h>
+#include <cmath>
+#include <cstring>
+
+using vorlik::EventState;
+using vorlik::Vorlik;
+
+namespace {
+
+constexpr Uint32 kEventWaitMs = 1000;
+
+// Waits for the event thread to notice something; it polls every 10 ms when idle.
+template <typename Pred>
+bool waitFor(Pred pred)
+{
+    const Uint32 start = SDL_GetTicks();
+    while (!pred()) {
+        if (SDL_GetTicks() - start > kEventWaitMs) return false;
+        SDL_Delay(5);
+    }
+    return true;
+}
+
+void pushKey(Uint8 type, SDLKey key)
+{
+    SDL_Event e{};
+    e.type = type;
+    e.key.keysym.sym = key;
+    SDL_PushEvent(&e);
+}
+
+// Tests of start-up and shutdown open and close their own windows.
+class VorlikLifecycle : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (std::getenv("DISPLAY") == nullptr) GTEST_SKIP() << "no X display";
+        if (Vorlik::events != nullptr) Vorlik::shutdown();
+    }
+    void TearDown() override
+    {
+        if (Vorlik::events != nullptr) Vorlik::shutdown();
+    }
+};
+
+using VorlikFrame = DisplayTest;
+
+} // namespace
+
+TEST_F(VorlikLifecycle, InvalidArgumentsOpenA640By480WindowCaptionedDemo)
+{
+    Vorlik::init(0, -5, nullptr, false, false);
+    EXPECT_EQ(Vorlik::getWidth(), 640u);
+    EXPECT_EQ(Vorlik::getHeight(), 480u);
+    ASSERT_NE(Vorlik::window, nullptr);
+    EXPECT_EQ(Vorlik::window->w, 640);
+    EXPECT_EQ(Vorlik::window->h, 480);
+    char* caption = nullptr;
+    SDL_WM_GetCaption(&caption, nullptr);
+    ASSERT_NE(caption, nullptr);
+    EXPECT_STREQ(caption, "Demo");
+    EXPECT_STREQ(Vorlik::title, "Demo");
+}
+
+TEST_F(VorlikLifecycle, InitSetsTheRgbaColorLayout)
+{
+    Vorlik::init(320, 200, "layout", false, false);
+    EXPECT_EQ(vorlik::Color::rmask, 0x000000FFu);
+    EXPECT_EQ(vorlik::Color::gmask, 0x0000FF00u);
+    EXPECT_EQ(vorlik::Color::bmask, 0x00FF0000u);
+    EXPECT_EQ(vorlik::Color::amask, 0xFF000000u);
+    EXPECT_EQ(vorlik::Color::ashift, 24);
+}
+
+TEST_F(VorlikLifecycle, InitStartsTheEventThreadAndASecondInitKeepsIt)
+{
+    Vorlik::init(320, 200, "first", false, false);
+    ASSERT_NE(Vorlik::events, nullptr);
+    EventState* events = Vorlik::events;
+    SDL_Thread* thread = events->thread;
+    EXPECT_NE(thread, nullptr);
+    Vorlik::init(400, 300, "second", false, false);
+    EXPECT_EQ(Vorlik::events, events);
+    EXPECT_EQ(Vorlik::events->thread, thread);
+    EXPECT_EQ(Vorlik::getWidth(), 400u);
+}
+
+TEST_F(VorlikLifecycle, FirstEndFrameMeasuresTimeSinceSdlStart)
+{
+    Vorlik::init(320, 200, "clock", false, false);
+    Vorlik::endFrame();
+    EXPECT_EQ(Vorlik::lastTime, 0u);
+    EXPECT_EQ(Vorlik::tm_last, 0u);
+    EXPECT_GT(Vorlik::currentTime, 0u);
+    EXPECT_FLOAT_EQ(Vorlik::sync, static_cast<float>(Vorlik::currentTime) * 0.001f);
+}
+
+TEST_F(VorlikLifecycle, ShutdownResetsTheStaticsButNotFramenum)
+{
+    Vorlik::init(320, 200, "reset", false, false);
+    Vorlik::endFrame();
+    Vorlik::endFrame();
+    Vorlik::setAutoexit(false);
+    const uint32_t frames = Vorlik::framenum;
+    Vorlik::shutdown();
+    EXPECT_EQ(Vorlik::events, nullptr);
+    EXPECT_EQ(Vorlik::window, nullptr);
+    EXPECT_EQ(Vorlik::title, nullptr);
+    EXPECT_EQ(Vorlik::getWidth(), 0u);
+    EXPECT_EQ(Vorlik::getHeight(), 0u);
+    EXPECT_TRUE(Vorlik::getAutoexit());
+    EXPECT_EQ(Vorlik::sync, 0.0f);
+    EXPECT_EQ(Vorlik::sync16, 0);
+    EXPECT_EQ(Vorlik::currentTime, 0u);
+    EXPECT_EQ(Vorlik::lastTime, 0u);
+    EXPECT_EQ(Vorlik::tm_current, 0u);
+    EXPECT_EQ(Vorlik::tm_last, 0u);
+    EXPECT_EQ(Vorlik::framenum, frames);
+}
+
+TEST_F(VorlikFrame, BackToBackEndFramesNeverHaveZeroSync)
+{
+    for (int i = 0; i < 50; ++i) {
+        Vorlik::endFrame();
+        EXPECT_GT(Vorlik::sync, 0.0f);
+        EXPECT_GE(Vorlik::currentTime - Vorlik::lastTime, 1u);
+    }
+}
+
+TEST_F(VorlikFrame, FramenumCountsEveryEndFrame)
+{
+    const uint32_t before = Vorlik::framenum;
+    for (int i = 0; i < 7; ++i) Vorlik::endFrame();
+    EXPECT_EQ(Vorlik::framenum, before + 7);
+}
+
+TEST_F(VorlikFrame, ClockFieldsDescribeTheSameFrame)
+{
+    Vorlik::endFrame();
+    SDL_Delay(20);
+    Vorlik::endFrame();
+    EXPECT_EQ(Vorlik::currentTime, Vorlik::tm_current);
+    EXPECT_EQ(Vorlik::lastTime, Vorlik::tm_last);
+    const uint32_t delta = Vorlik::currentTime - Vorlik::lastTime;
+    EXPECT_GE(delta, 20u);
+    EXPECT_FLOAT_EQ(Vorlik::sync, static_cast<float>(delta) * 0.001f);
+    EXPECT_EQ(Vorlik::sync16, static_cast<int32_t>(static_cast<float>(delta) * 65.536f));
+}
+
+TEST_F(VorlikFrame, EventThreadFeedsKeysIntoTheNextSnapshot)
+{
+    pushKey(SDL_KEYDOWN, SDLK_d);
+    ASSERT_TRUE(waitFor([] { return (Vorlik::events->liveKeys[SDLK_d / 32] >> (SDLK_d % 32)) & 1u; }));
+    Vorlik::endFrame();
+    EXPECT_TRUE(Vorlik::keyDown(SDLK_d));
+    EXPECT_TRUE(Vorlik::keyPressed(SDLK_d));
+    pushKey(SDL_KEYUP, SDLK_d);
+    ASSERT_TRUE(waitFor([] { return !((Vorlik::events->liveKeys[SDLK_d / 32] >> (SDLK_d % 32)) & 1u); }));
+    Vorlik::endFrame();
+    EXPECT_TRUE(Vorlik::keyReleased(SDLK_d));
+}
+
+TEST_F(VorlikFrame, PendingQuitWithAutoexitOffIsIgnored)
+{
+    Vorlik::setAutoexit(false);
+    SDL_Event quit{};
+    quit.type = SDL_QUIT;
+    SDL_PushEvent(&quit);
+    ASSERT_TRUE(waitFor([] { return Vorlik::events->quitRequested; }));
+    const uint32_t before = Vorlik::framenum;
+    for (int i = 0; i < 5; ++i) Vorlik::endFrame();
+    EXPECT_EQ(Vorlik::framenum, before + 5);
+    EXPECT_TRUE(Vorlik::events->quitRequested);
+    // The record is shared by the whole test process; later tests expect no pending quit.
+    Vorlik::events->quitRequested = false;
+    Vorlik::setAutoexit(true);
+}
+
+TEST_F(VorlikFrame, AutoexitTurnedBackOnEndsTheProgramAtTheNextEndFrame)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            Vorlik::setAutoexit(false);
+            Vorlik::events->quitRequested = true;
+            Vorlik::endFrame();
+            Vorlik::setAutoexit(true);
+            Vorlik::endFrame();
+            std::fputs("endFrame returned", stderr);
+            std::exit(3);
+        },
+        ::testing::ExitedWithCode(0), "");
+}
