@@ -1,0 +1,7 @@
+// The interpolated vertex colour.
+#version 120
+
+void main()
+{
+    gl_FragColor = gl_Color;
+}

@@ -1,0 +1,20 @@
+// Textured drawing from generic attributes and explicit matrices, independent of the
+// fixed-function state.
+#version 120
+
+uniform mat4 projection;
+uniform mat4 modelview;
+
+attribute vec2 position;
+attribute vec2 texcoord;
+attribute vec4 color;
+
+varying vec2 uv;
+varying vec4 vertexColor;
+
+void main()
+{
+    uv = texcoord;
+    vertexColor = color;
+    gl_Position = projection * modelview * vec4(position, 0.0, 1.0);
+}
