@@ -1,0 +1,3 @@
+#include "scene/Effect.h"
+
+Effect::Effect() { flags |= DRAW_UNTRANSFORMED; }
