@@ -1,0 +1,69 @@
+#include "scene/SceneBase.h"
+
+#include "math/mat2.h"
+#include "math/scalar.h"
+#include "platform/Vorlik.h"
+#include "scene/SceneFrame.h"
+
+namespace {
+
+constexpr float kRadiansPerDegree = 3.14159265358979323846f / 180.0f;
+constexpr float kDepthRange = 10.0f;        // the 2D projection's near and far: -10 to 10
+constexpr float kPerspectiveNear = 1.0f;
+constexpr float kPerspectiveFar = 10.0f;
+constexpr float kPerspectiveDistance = 2.0f; // where one unit is one pixel
+
+int32_t orWindow(int32_t size, uint32_t window) { return size == -1 ? static_cast<int32_t>(window) : size; }
+
+} // namespace
+
+SceneBase::SceneBase(int32_t width, int32_t height)
+    : view(&camera),
+      width(orWindow(width, vorlik::Vorlik::width)),
+      height(orWindow(height, vorlik::Vorlik::height))
+{
+    camera.x = this->width / 2.0f;
+    camera.y = this->height / 2.0f;
+    worldWidth = static_cast<float>(this->width);
+    worldHeight = static_cast<float>(this->height);
+}
+
+SceneBase::~SceneBase() = default;
+
+void SceneBase::prepareFrame(SceneFrame& frame, vorlik::Stack<ViewRect>& views)
+{
+    WorldView& v = *view;
+    if (!(v.zoom > kMinZoom)) v.zoom = kMinZoom;
+    const float w = static_cast<float>(width);
+    const float h = static_cast<float>(height);
+    const vorlik::vec2 viewSize(w / v.zoom, h / v.zoom);
+
+    frame.camera = vorlik::vec2(v.x, v.y);
+    if (wrapWorld) {
+        frame.camera.x = vorlik::wrap(v.x, 0.0f, worldWidth);
+        frame.camera.y = vorlik::wrap(v.y, 0.0f, worldHeight);
+    }
+    buildViewRects(views, frame.camera, viewSize, vorlik::vec2(worldWidth, worldHeight), wrapWorld);
+
+    // Top is given before bottom: y = -h/2 is the top of the screen, so y grows downwards.
+    frame.projection = vorlik::mat4::ortho(-w / 2, w / 2, -h / 2, h / 2, -kDepthRange, kDepthRange);
+    frame.perspective = vorlik::mat4::frustum(-w / 4, w / 4, -h / 4, h / 4, kPerspectiveNear, kPerspectiveFar);
+
+    vorlik::mat2 cameraTransform;
+    cameraTransform.scale(v.zoom);
+    cameraTransform.rotate(-v.rotation * kRadiansPerDegree);
+    cameraTransform.translate(-frame.camera);
+    vorlik::mat4 modelView = cameraTransform.toMat4();
+    // GL looks down -z: the plane of the scene sits two units in front of the eye.
+    modelView.translate(0.0f, 0.0f, -kPerspectiveDistance);
+
+    SceneState& state = frame.state;
+    state.views = &views;
+    state.color = ByteColor();
+    state.projection = &frame.projection;
+    state.perspective = &frame.perspective;
+    state.transform = cameraTransform;
+    state.cameraModelView = modelView;
+    state.cameraDelta = vorlik::vec2(v.x - lastCamera.x, v.y - lastCamera.y);
+    lastCamera = v;
+}

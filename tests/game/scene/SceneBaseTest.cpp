@@ -1,0 +1,175 @@
+#include "scene/SceneBase.h"
+
+#include "scene/SceneFrame.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kWidth = 1280;
+constexpr int kHeight = 720;
+
+// The shared scene part on its own: no GL is needed to prepare a frame.
+class SceneBaseTest : public ::testing::Test {
+protected:
+    SceneBase scene{kWidth, kHeight};
+    vorlik::Stack<ViewRect> views{128};
+    SceneFrame frame;
+};
+
+vorlik::vec4 project(const vorlik::mat4& projection, float x, float y, float z)
+{
+    const vorlik::vec4 clip = projection * vorlik::vec4(x, y, z, 1);
+    return vorlik::vec4(clip.x / clip.w, clip.y / clip.w, clip.z / clip.w, 1);
+}
+
+TEST_F(SceneBaseTest, StartsLookingAtTheCentreOfItsPixels)
+{
+    EXPECT_EQ(scene.width, kWidth);
+    EXPECT_EQ(scene.height, kHeight);
+    EXPECT_EQ(scene.camera.x, 640);
+    EXPECT_EQ(scene.camera.y, 360);
+    EXPECT_EQ(scene.camera.zoom, 1);
+    EXPECT_EQ(scene.camera.rotation, 0);
+    EXPECT_EQ(scene.lastCamera.x, 0);
+    EXPECT_EQ(scene.lastCamera.zoom, 1);
+    EXPECT_EQ(scene.view, &scene.camera);
+    EXPECT_EQ(scene.worldWidth, 1280);
+    EXPECT_EQ(scene.worldHeight, 720);
+    EXPECT_TRUE(scene.debugBounds);
+    EXPECT_TRUE(scene.wrapWorld);
+    EXPECT_TRUE(scene.cullTransparent);
+    EXPECT_TRUE(scene.bloom);
+    EXPECT_EQ(scene.bloomRadius, 80.0f);
+    EXPECT_EQ(scene.bloomPasses, 2.0f);
+    EXPECT_EQ(scene.bloomStrength, 10.0f);
+    EXPECT_EQ(scene.bloomThreshold, 0.5f);
+    EXPECT_EQ(scene.bloomTint.a, 255);
+    EXPECT_EQ(scene.bloomMix, 0.1f);
+    EXPECT_EQ(scene.count, 0u);
+}
+
+TEST_F(SceneBaseTest, ZeroZoomIsRaisedToAHundredthAndWrittenBack)
+{
+    scene.camera.zoom = 0;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
+    scene.camera.zoom = -3;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
+    EXPECT_FLOAT_EQ(frame.state.transform.m0, 0.01f);
+    scene.camera.zoom = 0.02f;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(scene.camera.zoom, 0.02f);
+}
+
+TEST_F(SceneBaseTest, ZoomIsReadThroughTheViewPointer)
+{
+    WorldView other;
+    other.zoom = 0;
+    scene.view = &other;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(other.zoom, 0.01f);
+    EXPECT_FLOAT_EQ(scene.camera.zoom, 1);
+}
+
+TEST_F(SceneBaseTest, ViewSizeGrowsAsTheZoomShrinks)
+{
+    scene.worldWidth = scene.worldHeight = 100000;
+    scene.camera.x = scene.camera.y = 50000;
+    scene.camera.zoom = 0.5f;
+    scene.prepareFrame(frame, views);
+    ASSERT_EQ(views.count, 1u);
+    EXPECT_FLOAT_EQ(views[0].width, 2560);
+    EXPECT_FLOAT_EQ(views[0].height, 1440);
+}
+
+TEST_F(SceneBaseTest, CameraIsWrappedForTheFrameButNotStored)
+{
+    scene.worldWidth = scene.worldHeight = 4096;
+    scene.camera.x = 4106;
+    scene.camera.y = -10;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(frame.camera.x, 10);
+    EXPECT_FLOAT_EQ(frame.camera.y, 4086);
+    EXPECT_FLOAT_EQ(scene.camera.x, 4106);
+    EXPECT_FLOAT_EQ(scene.camera.y, -10);
+    const vorlik::vec2 p = frame.state.transform * vorlik::vec2(10, 4086);
+    EXPECT_FLOAT_EQ(p.x, 0);
+    EXPECT_FLOAT_EQ(p.y, 0);
+}
+
+TEST_F(SceneBaseTest, WithoutWrappingTheCameraIsUsedAsItIs)
+{
+    scene.worldWidth = scene.worldHeight = 4096;
+    scene.wrapWorld = false;
+    scene.camera.x = 5000;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(frame.camera.x, 5000);
+    EXPECT_EQ(views.count, 1u);
+}
+
+TEST_F(SceneBaseTest, CameraTransformScalesTurnsAndCentresTheCamera)
+{
+    scene.worldWidth = scene.worldHeight = 4096;
+    scene.camera.x = 1000;
+    scene.camera.y = 1000;
+    scene.camera.zoom = 2;
+    scene.camera.rotation = 90;
+    scene.prepareFrame(frame, views);
+    // A point 10 units to the right of the camera: doubled, then turned by -90 degrees.
+    const vorlik::vec2 p = frame.state.transform * vorlik::vec2(1010, 1000);
+    EXPECT_NEAR(p.x, 0, 1e-3);
+    EXPECT_NEAR(p.y, -20, 1e-3);
+}
+
+TEST_F(SceneBaseTest, ProjectionPutsTheOriginAtTheCentreWithYDown)
+{
+    scene.prepareFrame(frame, views);
+    const vorlik::vec4 topLeft = project(*frame.state.projection, -640, -360, 0);
+    EXPECT_FLOAT_EQ(topLeft.x, -1);
+    EXPECT_FLOAT_EQ(topLeft.y, 1);
+    const vorlik::vec4 bottomRight = project(*frame.state.projection, 640, 360, 0);
+    EXPECT_FLOAT_EQ(bottomRight.x, 1);
+    EXPECT_FLOAT_EQ(bottomRight.y, -1);
+}
+
+TEST_F(SceneBaseTest, PerspectiveShowsOneUnitPerPixelThroughTheCameraModelView)
+{
+    scene.camera.x = 0;
+    scene.camera.y = 0;
+    scene.wrapWorld = false;
+    scene.prepareFrame(frame, views);
+    const vorlik::vec4 eye = frame.state.cameraModelView * vorlik::vec4(640, 360, 0, 1);
+    const vorlik::vec4 corner = project(*frame.state.perspective, eye.x, eye.y, eye.z);
+    EXPECT_FLOAT_EQ(corner.x, 1);
+    EXPECT_FLOAT_EQ(corner.y, -1);
+    EXPECT_GT(corner.z, -1);
+    EXPECT_LT(corner.z, 1);
+}
+
+TEST_F(SceneBaseTest, DisplacementIsTheCameraMoveSinceTheLastFrame)
+{
+    scene.prepareFrame(frame, views);
+    EXPECT_EQ(frame.state.cameraDelta, vorlik::vec2(640, 360));
+    scene.camera.x += 5;
+    scene.camera.y -= 3;
+    scene.camera.rotation = 12;
+    scene.prepareFrame(frame, views);
+    EXPECT_EQ(frame.state.cameraDelta, vorlik::vec2(5, -3));
+    EXPECT_EQ(scene.lastCamera.x, 645);
+    EXPECT_EQ(scene.lastCamera.y, 357);
+    EXPECT_EQ(scene.lastCamera.rotation, 12);
+}
+
+TEST_F(SceneBaseTest, InitialStateIsOpaqueWhiteOverTheFramesViews)
+{
+    scene.prepareFrame(frame, views);
+    EXPECT_EQ(frame.state.views, &views);
+    EXPECT_EQ(frame.state.color.r, 255);
+    EXPECT_EQ(frame.state.color.a, 255);
+    EXPECT_EQ(frame.state.projection, &frame.projection);
+    EXPECT_EQ(frame.state.perspective, &frame.perspective);
+}
+
+} // namespace
