@@ -1,0 +1,3 @@
+#include "app/GameRandom.h"
+
+vorlik::Random g_rand(kStaticRandomSeed);
