@@ -112,6 +112,9 @@ TEST(ContainerTest, RemovingANodeOfAnotherContainerOnlyNullsItsLinks)
     EXPECT_EQ(owner.count, 3u);
     EXPECT_EQ(a.next, &b);
     EXPECT_EQ(c.prev, &b);
+    // Detach the nodes the unrepaired list still links before they go out of scope.
+    owner.clear();
+    owner.remove(&a);
 }
 
 TEST(ContainerTest, InsertAfterTheLastMakesTheChildLast)
