@@ -2,13 +2,23 @@
 
 #include "app/GameRandom.h"
 #include "app/Runlevel.h"
+#include "core/String.h"
+#include "graphics/Screenshot.h"
+#include "graphics/Texture.h"
 #include "platform/Vorlik.h"
 
 #include <GL/gl.h>
 #include <SDL.h>
+#include <cstdio>
 #include <ctime>
 
+using vorlik::String;
+using vorlik::Texture;
 using vorlik::Vorlik;
+
+namespace {
+constexpr float kMegabytesPerByte = 9.5367431640625e-07f; // 2^-20
+}
 
 void MainLoop::startUp()
 {
@@ -18,6 +28,8 @@ void MainLoop::startUp()
     g_rand.seed(static_cast<unsigned>(std::time(nullptr)));
     runlevel = RUNLEVEL_TITLE;
     Vorlik::endFrame();
+    std::printf("Used texture memory: %f megabytes\n",
+                static_cast<float>(Texture::usedMemory) * kMegabytesPerByte);
 }
 
 void MainLoop::run()
@@ -51,5 +63,14 @@ void MainLoop::handleKeys()
     if (runlevel == RUNLEVEL_TITLE && titleKeyPressed()) runlevel = RUNLEVEL_ENTERING;
     if (runlevel == RUNLEVEL_ENTERING) enterGame();
     if (Vorlik::keyPressed(SDLK_ESCAPE)) runlevel = RUNLEVEL_QUITTING;
+    if (Vorlik::keyPressed(SDLK_F1)) takeScreenshot();
     if (runlevel == RUNLEVEL_QUITTING) runlevel = RUNLEVEL_LEAVE;
+}
+
+void MainLoop::takeScreenshot()
+{
+    // Files of the same name are overwritten; a failed write still uses up its number.
+    const String path = "screenshot_" + String(screenshotNumber) + ".bmp";
+    vorlik::screenshot(path.data);
+    ++screenshotNumber;
 }

@@ -21,4 +21,7 @@ public:
 private:
     bool titleKeyPressed() const;
     void enterGame();
+    void takeScreenshot();
+
+    int screenshotNumber = 1; // of the next F1 screenshot, never reset
 };

@@ -5,7 +5,7 @@ source "$(dirname "$0")/lib/common.sh"
 
 start_ms="$(date +%s%3N)"
 set +e
-(cd "$RUN_DIR" && exec env -u DISPLAY -u WAYLAND_DISPLAY timeout 10 ./kelvane >"$WORK/stdout" 2>"$WORK/stderr")
+(cd "$GAME_DIR" && exec env -u DISPLAY -u WAYLAND_DISPLAY timeout 10 ./kelvane >"$WORK/stdout" 2>"$WORK/stderr")
 status=$?
 set -e
 elapsed=$(( $(date +%s%3N) - start_ms ))

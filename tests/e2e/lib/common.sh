@@ -21,10 +21,16 @@ fail() {
   exit 1
 }
 
-# Starts kelvane in the background from the run directory; output goes to $WORK.
+# A scratch working directory that sees the run directory's data, so that files the game
+# writes (screenshots) stay out of the build.
+GAME_DIR="$WORK/run"
+mkdir -p "$GAME_DIR"
+for entry in "$RUN_DIR"/*; do ln -s "$(cd "$(dirname "$entry")" && pwd)/$(basename "$entry")" "$GAME_DIR/"; done
+
+# Starts kelvane in the background in $GAME_DIR; its output goes to $WORK.
 start_game() {
-  [ -x "$RUN_DIR/kelvane" ] || fail "no kelvane in $RUN_DIR"
-  (cd "$RUN_DIR" && exec ./kelvane >"$WORK/stdout" 2>"$WORK/stderr") &
+  [ -x "$GAME_DIR/kelvane" ] || fail "no kelvane in $RUN_DIR"
+  (cd "$GAME_DIR" && exec ./kelvane >"$WORK/stdout" 2>"$WORK/stderr") &
   GAME_PID=$!
 }
 
@@ -58,7 +64,11 @@ wait_for_exit() {
   GAME_PID=""
 }
 
-# Sends one key to the game's window.
+# Presses and releases one key in the game's window. The key is held for a while: the game
+# never sees a key that goes down and up between two of its frames.
 press_key() {
-  xdotool key --window "$1" "$2"
+  xdotool keydown --window "$1" "$2" 2>/dev/null
+  sleep 0.15
+  # The key may have closed the game already, taking the window with it.
+  xdotool keyup --window "$1" "$2" 2>/dev/null || true
 }
