@@ -14,7 +14,7 @@ class Random {
   static constexpr int32_t kTableSize = 65536;
 
   int32_t* ints;        // kTableSize entries, each in 0 .. 2147483647
-  float* floats;        // kTableSize entries, each in [0, 1]; 1 appears only once complemented
+  float* floats;        // kTableSize entries in [0, 1); a complemented entry may be exactly 1
   int32_t intCursor;    // next integer slot
   int32_t floatCursor;  // next float slot
 
