@@ -1,0 +1,112 @@
+#include "art/Sky.h"
+
+#include <cmath>
+#include <vector>
+
+#include "core/Noise.h"
+#include "core/Rng.h"
+
+namespace assetgen {
+
+namespace {
+
+constexpr uint64_t kNebulaSeed = 0x4e45425541ull;
+constexpr uint64_t kStarSeed = 0x53544152ull;
+constexpr int kStars = 9000;
+
+const V3 kDeepSpace{0.006f, 0.007f, 0.018f};
+const V3 kViolet{0.36f, 0.11f, 0.52f};
+const V3 kTeal{0.07f, 0.24f, 0.46f};
+const V3 kRose{0.62f, 0.24f, 0.42f};
+// The nebula gathers about a tilted band round the sky, like a galaxy's plane.
+const V3 kBandAxis = normalize({0.35f, 0.8f, -0.45f});
+
+V3 nebula(const Noise& n, V3 d)
+{
+    V3 warp{n.fbm(d * 1.3f + V3{3.1f, 0, 0}, 3), n.fbm(d * 1.3f + V3{0, 7.7f, 0}, 3), n.fbm(d * 1.3f + V3{0, 0, 5.3f}, 3)};
+    V3 q = d * 1.7f + warp * 0.75f;
+    float band = std::exp(-std::pow(dot(d, kBandAxis) + 0.25f * warp.x, 2.0f) / 0.16f);
+    float density = smoothstep(-0.15f, 0.65f, n.fbm(q * 2.1f, 6) + 0.35f * band);
+    float dust = smoothstep(0.0f, 0.45f, n.fbm(q * 3.3f + V3{9.1f, 2.2f, 4.4f}, 4));
+    float filaments = std::pow(n.ridged(q * 3.2f + V3{1.7f, 5.5f, 2.9f}, 4), 5.0f);
+    float hue = smoothstep(-0.35f, 0.35f, n.fbm(q * 0.8f + V3{4.0f, 1.0f, 8.0f}, 3));
+    V3 colour = mix(kViolet, kTeal, hue);
+    float cloud = density * density * (0.35f + 0.65f * band) * (1 - 0.75f * dust);
+    V3 c = kDeepSpace + colour * (cloud * 0.32f) + mix(kRose, V3{0.35f, 0.45f, 0.9f}, hue) * (filaments * cloud * 0.5f);
+    return c;
+}
+
+struct SkyStar {
+    V3 dir;
+    V3 colour;
+    float radius; // texels
+};
+
+std::vector<SkyStar> skyStars()
+{
+    Rng rng(kStarSeed);
+    std::vector<SkyStar> stars;
+    stars.reserve(kStars);
+    for (int i = 0; i < kStars; ++i) {
+        V3 d;
+        do
+            d = {rng.uniform(-1, 1), rng.uniform(-1, 1), rng.uniform(-1, 1)};
+        while (dot(d, d) > 1 || dot(d, d) < 1e-4f);
+        float bright = std::pow(rng.unit(), 6.0f) * 0.9f + 0.05f;
+        float warmth = rng.unit();
+        V3 tint = warmth < 0.5f ? mix(V3{0.7f, 0.8f, 1.0f}, V3{1, 1, 1}, warmth * 2) : mix(V3{1, 1, 1}, V3{1.0f, 0.85f, 0.65f}, warmth * 2 - 1);
+        stars.push_back({normalize(d), tint * bright, 0.55f + 0.6f * bright});
+    }
+    return stars;
+}
+
+} // namespace
+
+void makeSkyFace(AssetSink& sink, CubeFace face)
+{
+    static const Noise noise(kNebulaSeed);
+    Canvas c(kSkySize, kSkySize);
+    const float step = 2.0f / (kSkySize - 1);
+    for (int y = 0; y < kSkySize; ++y)
+        for (int x = 0; x < kSkySize; ++x) {
+            V3 d = normalize(faceDirection(face, -1 + x * step, -1 + y * step));
+            c.at(x, y) = solid(nebula(noise, d), 1);
+        }
+    // Stars are splatted wherever they land near this face, also just beyond its edges, so
+    // a star on an edge shows on both faces.
+    for (const SkyStar& star : skyStars()) {
+        V3 onFace = faceDirection(face, 0, 0);
+        float facing = dot(star.dir, onFace);
+        if (facing <= 0)
+            continue;
+        V3 local = star.dir * (1.0f / facing);
+        V3 sAxis = faceDirection(face, 1, 0) - onFace, tAxis = faceDirection(face, 0, 1) - onFace;
+        float px = (dot(local, sAxis) + 1) / step, py = (dot(local, tAxis) + 1) / step;
+        // Texels cover less angle toward the edges, so the reach allows twice the radius.
+        int reach = static_cast<int>(std::ceil(star.radius * 6)) + 1;
+        if (px < -reach || py < -reach || px > kSkySize + reach || py > kSkySize + reach)
+            continue;
+        // The weight depends on the angle between the texel's direction and the star's,
+        // so a star on an edge lights both faces' edge texels alike.
+        const float sigma = star.radius * step;
+        for (int y = static_cast<int>(py) - reach; y <= static_cast<int>(py) + reach; ++y)
+            for (int x = static_cast<int>(px) - reach; x <= static_cast<int>(px) + reach; ++x) {
+                if (x < 0 || y < 0 || x >= kSkySize || y >= kSkySize)
+                    continue;
+                V3 d = normalize(faceDirection(face, -1 + x * step, -1 + y * step)) - star.dir;
+                float w = std::exp(-dot(d, d) / (2 * sigma * sigma));
+                Px& p = c.at(x, y);
+                p.r += star.colour.x * w;
+                p.g += star.colour.y * w;
+                p.b += star.colour.z * w;
+            }
+    }
+    for (int y = 0; y < kSkySize; ++y)
+        for (int x = 0; x < kSkySize; ++x) {
+            Px& p = c.at(x, y);
+            p = {clamp01(p.r), clamp01(p.g), clamp01(p.b), 1};
+        }
+    sink.picture(faceName(face), c);
+}
+
+} // namespace assetgen

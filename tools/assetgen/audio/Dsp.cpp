@@ -1,0 +1,93 @@
+#include "audio/Dsp.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace assetgen {
+
+namespace {
+
+constexpr float kPiF = 3.14159265358979f;
+
+float polyBlep(float t, float dt)
+{
+    if (t < dt) {
+        t /= dt;
+        return t + t - t * t - 1;
+    }
+    if (t > 1 - dt) {
+        t = (t - 1) / dt;
+        return t * t + t + t + 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+float noteHz(float midi) { return 440.0f * std::pow(2.0f, (midi - 69) / 12.0f); }
+
+float Saw::next(float hz)
+{
+    float dt = hz / kSampleRate;
+    float v = 2 * phase_ - 1 - polyBlep(phase_, dt);
+    phase_ += dt;
+    if (phase_ >= 1)
+        phase_ -= 1;
+    return v;
+}
+
+float Envelope::at(float t, float held) const
+{
+    auto gate = [&](float u) {
+        if (u < attack)
+            return u / attack;
+        u -= attack;
+        return sustain + (1 - sustain) * std::exp(-u / std::max(decay, 1e-4f));
+    };
+    if (t < held)
+        return gate(t);
+    return gate(held) * std::exp(-(t - held) / std::max(release, 1e-4f));
+}
+
+Svf::Out Svf::process(float x, float cutoffHz, float resonance)
+{
+    float g = std::tan(kPiF * std::min(cutoffHz, kSampleRate * 0.45f) / kSampleRate);
+    float k = 2 - 2 * resonance;
+    float a1 = 1 / (1 + g * (g + k));
+    float v3 = x - ic2_;
+    float v1 = a1 * ic1_ + g * a1 * v3;
+    float v2 = ic2_ + g * v1;
+    ic1_ = 2 * v1 - ic1_;
+    ic2_ = 2 * v2 - ic2_;
+    return {v2, v1, x - k * v1 - v2};
+}
+
+Reverb::Reverb(float roomSize, float damping) : feedback_(roomSize), damping_(damping)
+{
+    for (int len : {1557, 1617, 1491, 1422, 1277, 1356, 1188, 1116})
+        combs_.push_back({std::vector<float>(static_cast<size_t>(len * 1.4f)), 0, 0});
+    for (int len : {556, 441, 341, 225})
+        allPasses_.push_back({std::vector<float>(static_cast<size_t>(len * 1.4f)), 0});
+}
+
+float Reverb::process(float x)
+{
+    float out = 0;
+    for (Comb& c : combs_) {
+        float y = c.buf[c.pos];
+        c.store = y * (1 - damping_) + c.store * damping_;
+        c.buf[c.pos] = x + c.store * feedback_;
+        c.pos = (c.pos + 1) % c.buf.size();
+        out += y;
+    }
+    out *= 0.125f;
+    for (AllPass& a : allPasses_) {
+        float b = a.buf[a.pos];
+        a.buf[a.pos] = out + b * 0.5f;
+        a.pos = (a.pos + 1) % a.buf.size();
+        out = b - out;
+    }
+    return out;
+}
+
+} // namespace assetgen

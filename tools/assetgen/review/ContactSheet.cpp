@@ -1,0 +1,7 @@
+#include "review/ContactSheet.h"
+
+namespace assetgen {
+
+void writeContactSheet(const AssetSink&, const std::string&) {}
+
+} // namespace assetgen
