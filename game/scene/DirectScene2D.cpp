@@ -1,0 +1,14 @@
+#include "scene/DirectScene2D.h"
+
+#include "scene/SceneRenderer.h"
+#include "scene/Shaders.h"
+
+DirectScene2D::DirectScene2D(int32_t width, int32_t height) : SceneBase(width, height) { Shaders::setupShaders(); }
+
+SceneScratch& DirectScene2D::scratch()
+{
+    static SceneScratch lists;
+    return lists;
+}
+
+void DirectScene2D::render() { SceneRenderer::drawScene(*this, scratch()); }

@@ -1,0 +1,40 @@
+#include "scene/Scene2D.h"
+
+#include "graphics/FrameBuffer.h"
+#include "graphics/FullscreenQuad.h"
+#include "graphics/Texture.h"
+#include "scene/SceneRenderer.h"
+#include "scene/Shaders.h"
+
+#include <GL/gl.h>
+#include <GL/glext.h>
+
+Scene2D::Scene2D(int32_t width, int32_t height)
+    : SceneBase(width, height),
+      target(new vorlik::FrameBuffer(static_cast<uint32_t>(this->width), static_cast<uint32_t>(this->height),
+                                     kTargetAttachments))
+{
+    for (int i = 0; i < vorlik::FrameBuffer::kMaxColors; ++i) textures[i] = target->color[i];
+    Shaders::setupShaders();
+}
+
+Scene2D::~Scene2D() { delete target; }
+
+SceneScratch& Scene2D::scratch()
+{
+    static SceneScratch lists;
+    return lists;
+}
+
+void Scene2D::render()
+{
+    target->bind();
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    SceneRenderer::drawScene(*this, scratch());
+
+    // Composite under whichever program the last draw left bound.
+    vorlik::FrameBuffer::unbind();
+    textures[0]->bind(GL_TEXTURE0);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    vorlik::drawFullscreenQuad();
+}

@@ -1,0 +1,108 @@
+#include "scene/DirectScene2D.h"
+
+#include "DisplayTest.h"
+#include "SceneGLNodes.h"
+#include "scene/Scene2D.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+// The HUD scene as the game sets it up (window size, no outlines) over a window cleared to
+// opaque black.
+class DirectScene2DTest : public DisplayTest {
+protected:
+    void SetUp() override
+    {
+        DisplayTest::SetUp();
+        if (IsSkipped()) return;
+        ASSERT_EQ(chdir(KELVANE_RUN_DIR), 0);
+        hud = new DirectScene2D(-1, -1);
+        hud->debugBounds = false;
+        glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
+        glViewport(0, 0, kWidth, kHeight);
+        glClearColor(0, 0, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+    }
+    void TearDown() override { delete hud; }
+
+    DirectScene2D* hud = nullptr;
+};
+
+TEST_F(DirectScene2DTest, WorldIsTheScreenWithTheCameraAtItsCentre)
+{
+    EXPECT_EQ(hud->width, kWidth);
+    EXPECT_EQ(hud->height, kHeight);
+    EXPECT_EQ(hud->worldWidth, float(kWidth));
+    EXPECT_EQ(hud->worldHeight, float(kHeight));
+    EXPECT_EQ(hud->camera.x, 640);
+    EXPECT_EQ(hud->camera.y, 360);
+    EXPECT_EQ(hud->view, &hud->camera);
+}
+
+TEST_F(DirectScene2DTest, TopLeftAnchoredNodeAtTheOriginStartsAtTheWindowsCorner)
+{
+    SolidQuad box(30, 20);
+    box.setAnchor(0);
+    hud->add(&box);
+    hud->render();
+
+    const LitArea lit = WindowPixels(kWidth, kHeight).lit();
+    EXPECT_EQ(lit.left, 0);
+    EXPECT_EQ(lit.top, 0);
+    EXPECT_EQ(lit.right, 29);
+    EXPECT_EQ(lit.bottom, 19);
+}
+
+TEST_F(DirectScene2DTest, NodeWhollyBelowTheScreenIsDrawnOneScreenHeightUp)
+{
+    SolidQuad box(20, 20);
+    box.setAnchor(0);
+    box.position = vorlik::vec3(600, kHeight + 100, 0);
+    hud->add(&box);
+    hud->render();
+
+    EXPECT_EQ(box.draws, 1);
+    const LitArea lit = WindowPixels(kWidth, kHeight).lit();
+    EXPECT_EQ(lit.left, 600);
+    EXPECT_EQ(lit.top, 100);
+    EXPECT_EQ(lit.right, 619);
+    EXPECT_EQ(lit.bottom, 119);
+}
+
+TEST_F(DirectScene2DTest, HudIsDrawnOverTheWorldWithoutClearingIt)
+{
+    Scene2D world(-1, -1);
+    world.debugBounds = false;
+    SolidQuad ground(200, 200);
+    ground.color = ByteColor{0, 0, 255, 255};
+    ground.position = vorlik::vec3(640, 360, 0);
+    world.add(&ground);
+    SolidQuad marker(20, 20);
+    marker.color = ByteColor{255, 0, 0, 255};
+    marker.position = vorlik::vec3(640, 360, 0);
+    hud->add(&marker);
+
+    world.render();
+    hud->render();
+
+    const WindowPixels pixels(kWidth, kHeight);
+    const Pixel middle = pixels.at(640, 360);
+    EXPECT_GT(middle.r, 200);
+    EXPECT_LT(middle.b, 40);
+    const Pixel around = pixels.at(700, 400);
+    EXPECT_GT(around.b, 200);
+    EXPECT_LT(around.r, 40);
+}
+
+TEST_F(DirectScene2DTest, KeepsItsOwnWorkingListsApartFromTheWorlds)
+{
+    SolidQuad box(20, 20);
+    hud->add(&box);
+    hud->render();
+    EXPECT_NE(&DirectScene2D::scratch(), &Scene2D::scratch());
+    EXPECT_EQ(DirectScene2D::scratch().views.count, 9u);
+}
+
+} // namespace

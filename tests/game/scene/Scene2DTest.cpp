@@ -1,0 +1,198 @@
+#include "scene/Scene2D.h"
+
+#include "DisplayTest.h"
+#include "SceneGLNodes.h"
+#include "graphics/FrameBuffer.h"
+#include "graphics/Texture.h"
+#include "scene/Group.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr float kWorld = 4096.0f;
+
+// A world scene as the game sets it up (window size, 4096 world, no outlines) over a window
+// cleared to opaque black. Runs where the game runs, so the shader programs load by name.
+class Scene2DTest : public DisplayTest {
+protected:
+    void SetUp() override
+    {
+        DisplayTest::SetUp();
+        if (IsSkipped()) return;
+        ASSERT_EQ(chdir(KELVANE_RUN_DIR), 0);
+        world = new Scene2D(-1, -1);
+        world->debugBounds = false;
+        world->worldWidth = world->worldHeight = kWorld;
+        glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
+        glViewport(0, 0, kWidth, kHeight);
+        glClearColor(0, 0, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+    }
+    void TearDown() override { delete world; }
+
+    Scene2D* world = nullptr;
+};
+
+TEST_F(Scene2DTest, TargetHasTheWindowSizeWithFourColoursAndDepth)
+{
+    ASSERT_NE(world->target, nullptr);
+    EXPECT_EQ(world->width, kWidth);
+    EXPECT_EQ(world->height, kHeight);
+    EXPECT_EQ(world->target->width, uint32_t(kWidth));
+    EXPECT_EQ(world->target->height, uint32_t(kHeight));
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_NE(world->target->color[i], nullptr);
+        EXPECT_EQ(world->textures[i], world->target->color[i]);
+    }
+    EXPECT_NE(world->target->depth, nullptr);
+    EXPECT_EQ(world->camera.x, 640);
+    EXPECT_EQ(world->camera.y, 360);
+}
+
+TEST_F(Scene2DTest, NodeLandsWhereTheCameraTransformPutsIt)
+{
+    world->camera.x = 2048;
+    world->camera.y = 2048;
+    SolidQuad quad(20, 20);
+    quad.color = ByteColor{255, 0, 0, 255};
+    quad.position = vorlik::vec3(2048 + 100, 2048 + 50, 0);
+    world->add(&quad);
+    world->render();
+
+    const WindowPixels pixels(kWidth, kHeight);
+    const Pixel centre = pixels.at(740, 410);
+    EXPECT_GT(centre.r, 200);
+    EXPECT_LT(centre.g, 40);
+    const LitArea lit = pixels.lit();
+    EXPECT_EQ(lit.left, 730);
+    EXPECT_EQ(lit.top, 400);
+    EXPECT_EQ(lit.right, 749);
+    EXPECT_EQ(lit.bottom, 419);
+}
+
+TEST_F(Scene2DTest, ZoomAndTurnOfTheCameraMoveTheNode)
+{
+    world->camera.x = 2048;
+    world->camera.y = 2048;
+    world->camera.zoom = 2;
+    world->camera.rotation = 90;
+    SolidQuad quad(10, 10);
+    quad.position = vorlik::vec3(2048 + 50, 2048, 0); // 50 right of the camera
+    world->add(&quad);
+    world->render();
+
+    // Doubled to 100 and turned a quarter: straight above the centre on screen.
+    const LitArea lit = WindowPixels(kWidth, kHeight).lit();
+    EXPECT_NEAR((lit.left + lit.right) / 2.0, 640, 1.0);
+    EXPECT_NEAR((lit.top + lit.bottom) / 2.0, 360 - 100, 1.0);
+    EXPECT_NEAR(lit.right - lit.left + 1, 20, 1.0);
+}
+
+TEST_F(Scene2DTest, ObjectNearTheFarCornerIsDrawnOnceUpAndLeftOfTheCentre)
+{
+    world->camera.x = 10;
+    world->camera.y = 10;
+    SolidQuad object(8, 8);
+    object.color = ByteColor{0, 255, 0, 255};
+    object.position = vorlik::vec3(4090, 4090, 0);
+    world->add(&object);
+    world->render();
+
+    EXPECT_EQ(object.draws, 1);
+    const LitArea lit = WindowPixels(kWidth, kHeight).lit();
+    EXPECT_EQ(lit.count, 64);
+    EXPECT_EQ(lit.left, 640 - 16 - 4);
+    EXPECT_EQ(lit.top, 360 - 16 - 4);
+    EXPECT_EQ(lit.right, 640 - 16 + 3);
+    EXPECT_EQ(lit.bottom, 360 - 16 + 3);
+}
+
+TEST_F(Scene2DTest, PerspectiveNodeIsDrawnOneUnitPerPixelThroughTheCamera)
+{
+    world->camera.x = 2048;
+    world->camera.y = 2048;
+    SolidQuad flat(20, 20);
+    flat.flags |= DRAW_PERSPECTIVE;
+    // Drawn in world coordinates: the camera model-view replaces the node's own transform.
+    flat.anchor = vorlik::vec3(2048 - 200, 2048 + 100, 0);
+    world->add(&flat);
+    world->render();
+
+    const LitArea lit = WindowPixels(kWidth, kHeight).lit();
+    EXPECT_NEAR(lit.left, 640 - 200 - 10, 1);
+    EXPECT_NEAR(lit.top, 360 + 100 - 10, 1);
+    EXPECT_NEAR(lit.right - lit.left + 1, 20, 1);
+}
+
+TEST_F(Scene2DTest, AdditiveNodeAddsToWhatIsBelow)
+{
+    world->camera.x = 2048;
+    world->camera.y = 2048;
+    SolidQuad below(40, 40), glow(40, 40);
+    below.color = ByteColor{100, 0, 0, 255};
+    glow.color = ByteColor{100, 0, 0, 255};
+    below.position = glow.position = vorlik::vec3(2048, 2048, 0);
+    glow.setBlendMode(BLEND_ADDITIVE);
+    world->add(&below);
+    world->add(&glow);
+    world->render();
+
+    EXPECT_NEAR(WindowPixels(kWidth, kHeight).at(640, 360).r, 200, 3);
+}
+
+TEST_F(Scene2DTest, WorldOutlineIsDrawnWhenDebugBoundsIsOn)
+{
+    world->debugBounds = true;
+    world->camera.x = 100;
+    world->camera.y = 100;
+    // The composite runs under the program the last draw left bound: a textured node, as in
+    // the game, rather than the outline's colour program.
+    SolidQuad dark(2, 2);
+    dark.color = ByteColor{0, 0, 0, 255};
+    dark.position = vorlik::vec3(100, 100, 0);
+    world->add(&dark);
+    world->render();
+
+    // The world's top edge runs along y = 0, 100 pixels above the centre row.
+    const WindowPixels pixels(kWidth, kHeight);
+    EXPECT_GT(pixels.at(800, 260).r, 60);
+    EXPECT_LT(pixels.at(800, 250).r, 40);
+    EXPECT_LT(pixels.at(800, 300).r, 40);
+}
+
+TEST_F(Scene2DTest, RenderAllocatesNothingOnceItsListsHaveGrown)
+{
+    std::vector<Group> groups(200);
+    std::vector<SolidQuad> quads(200);
+    Container* parent = world;
+    for (size_t i = 0; i < groups.size(); ++i) {
+        parent->add(&groups[i]);
+        parent->add(&quads[i]);
+        parent = &groups[i];
+    }
+    world->render();
+    const SceneScratch& lists = Scene2D::scratch();
+    const ViewRect* views = lists.views.data;
+    const SceneState* states = lists.states.data;
+    Drawable* const* siblings = lists.siblings.data;
+    const uint32_t capacities[3] = {lists.views.capacity, lists.states.capacity, lists.siblings.capacity};
+    EXPECT_GE(capacities[1], 200u);
+    // Around the world's corners, so the view list changes while the tree stays on view.
+    const float corners[5][2] = {{10, 10}, {4090, 10}, {4090, 4090}, {10, 4090}, {2048, 2048}};
+    for (const auto& at : corners) {
+        world->camera.x = at[0];
+        world->camera.y = at[1];
+        world->render();
+    }
+    EXPECT_EQ(lists.views.data, views);
+    EXPECT_EQ(lists.states.data, states);
+    EXPECT_EQ(lists.siblings.data, siblings);
+    EXPECT_EQ(lists.views.capacity, capacities[0]);
+    EXPECT_EQ(lists.states.capacity, capacities[1]);
+    EXPECT_EQ(lists.siblings.capacity, capacities[2]);
+    EXPECT_EQ(quads[199].draws, 5);
+}
+
+} // namespace
