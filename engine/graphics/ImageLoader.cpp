@@ -12,8 +12,8 @@ namespace {
 constexpr int32_t kMemoryLoadFailed = 1;
 constexpr int32_t kFileLoadFailed = 2;
 
-// The layout a decoded surface is converted to when no video mode is set (no display
-// format to match): 32 bits with an alpha channel.
+// The layout a decoded surface is converted to when no video mode is set, so there is no
+// display format to match (SDL_DisplayFormatAlpha would crash): 32 bits with an alpha channel.
 constexpr Uint32 kFallbackRmask = 0x000000FFu;
 constexpr Uint32 kFallbackGmask = 0x0000FF00u;
 constexpr Uint32 kFallbackBmask = 0x00FF0000u;
@@ -27,7 +27,7 @@ uint16_t channel(Uint32 pixel, Uint32 mask, Uint8 shift, Uint8 loss)
 // Converts the decoded surface to 32 bits with alpha and frees it.
 SDL_Surface* toDisplayFormat(SDL_Surface* loaded)
 {
-    SDL_Surface* converted = SDL_DisplayFormatAlpha(loaded);
+    SDL_Surface* converted = SDL_GetVideoSurface() != nullptr ? SDL_DisplayFormatAlpha(loaded) : nullptr;
     if (converted == nullptr) {
         SDL_PixelFormat format = {};
         format.BitsPerPixel = 32;
