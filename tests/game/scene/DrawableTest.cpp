@@ -36,12 +36,6 @@ TEST_F(DrawableTest, StartsDetachedVisibleWhiteWithNormalBlend)
     EXPECT_TRUE(node.isVisible());
 }
 
-TEST_F(DrawableTest, EffectSetsTheUntransformedFlag)
-{
-    RecordingEffect effect;
-    EXPECT_EQ(effect.flags, 0x103u);
-}
-
 TEST_F(DrawableTest, SetVisibleTogglesOnlyTheVisibleBit)
 {
     RecordingLeaf node;
