@@ -13,12 +13,13 @@ constexpr float kFullTurn = 360.0f; // degrees
 
 // Anchor of each preset as a fraction of (width, height). The rectangle spans anchor +- size/2,
 // so preset 0 puts the position at the top-left corner (y grows downwards) and 4 centres it.
-constexpr float kAnchorPresets[9][2] = {
+constexpr int kAnchorPresetCount = 9;
+constexpr float kAnchorPresets[kAnchorPresetCount][2] = {
     {0.5f, 0.5f},  {-0.5f, 0.5f}, {0.5f, 0.0f},  {0.0f, 0.5f},   {0.0f, 0.0f},
     {-0.5f, 0.0f}, {0.0f, -0.5f}, {0.5f, -0.5f}, {-0.5f, -0.5f},
 };
 
-// Truncates a component already clamped to [0, 1]: only 0 or 1 comes out.
+// Clamps a component to [0, 1] and truncates it: only 0 or 1 comes out.
 uint8_t unscaledByte(float v) { return static_cast<uint8_t>(vorlik::clamp(v, 0.0f, 1.0f)); }
 
 } // namespace
@@ -106,7 +107,7 @@ void Drawable::resetAnchor() { setAnchor(0.0f, 0.0f); }
 
 void Drawable::setAnchor(int preset)
 {
-    if (preset < 0 || preset > 8) return;
+    if (preset < 0 || preset >= kAnchorPresetCount) return;
     setAnchor(kAnchorPresets[preset][0] * size.x, kAnchorPresets[preset][1] * size.y);
 }
 

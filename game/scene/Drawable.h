@@ -88,8 +88,9 @@ public:
     void rotate(float degrees);          // adds, then wraps into [0, 360)
     void setAnchor(float x, float y);
     void resetAnchor();                  // anchor (0, 0): the position is the centre
-    // Presets 0 to 8 place the position relative to the rectangle (0: top-left corner,
-    // 4: centre; see kAnchorPresets in Drawable.cpp). Other values change nothing.
+    // Presets 0 to 8 set the anchor from the current size (w, h): 0 (w/2, h/2) puts the
+    // position at the top-left corner, 1 (-w/2, h/2), 2 (w/2, 0), 3 (0, h/2), 4 (0, 0) the
+    // centre, 5 (-w/2, 0), 6 (0, -h/2), 7 (w/2, -h/2), 8 (-w/2, -h/2). Other values change nothing.
     void setAnchor(int preset);
 
     // Replaces bits 8 to 11 of flags with those of mode; the other bits are kept.

@@ -2,6 +2,7 @@
 
 #include "DisplayTest.h"
 #include "SceneGLNodes.h"
+#include "scene/Group.h"
 #include "scene/Scene2D.h"
 
 #include <gtest/gtest.h>
@@ -69,6 +70,29 @@ TEST_F(DirectScene2DTest, NodeWhollyBelowTheScreenIsDrawnOneScreenHeightUp)
     EXPECT_EQ(lit.top, 100);
     EXPECT_EQ(lit.right, 619);
     EXPECT_EQ(lit.bottom, 119);
+}
+
+TEST_F(DirectScene2DTest, GroupPlacesAndTintsItsChildren)
+{
+    Group box;
+    box.position = vorlik::vec3(100, 30, 0);
+    box.color = ByteColor{128, 255, 255, 255};
+    SolidQuad counter(10, 10);
+    counter.setAnchor(0);
+    counter.position = vorlik::vec3(15, 12, 0);
+    hud->add(&box);
+    box.add(&counter);
+    hud->render();
+
+    const WindowPixels pixels(kWidth, kHeight);
+    const LitArea lit = pixels.lit();
+    EXPECT_EQ(lit.left, 115);
+    EXPECT_EQ(lit.top, 42);
+    EXPECT_EQ(lit.right, 124);
+    EXPECT_EQ(lit.bottom, 51);
+    const Pixel tinted = pixels.at(120, 47);
+    EXPECT_NEAR(tinted.r, 128, 2);
+    EXPECT_GT(tinted.g, 250);
 }
 
 TEST_F(DirectScene2DTest, HudIsDrawnOverTheWorldWithoutClearingIt)
