@@ -25,9 +25,9 @@ class String {
   explicit String(char c);
   ~String();
 
-  // Numbers in decimal. Longs print their low 32 bits as an int followed by a literal "l",
-  // doubles print with six decimals followed by a literal "L"; the texts on screen, in
-  // screenshots' names and in the logs have always looked like that.
+  // Numbers in decimal ("%i"; unsigned ints above INT_MAX print negative). Longs print their
+  // low 32 bits as an int followed by a literal "l", floats six decimals, doubles six decimals
+  // followed by a literal "L": the game's number texts have always looked like that.
   explicit String(unsigned char v);
   explicit String(short v);
   explicit String(unsigned short v);
