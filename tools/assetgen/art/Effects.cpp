@@ -47,9 +47,9 @@ void makePlasmaBullet(AssetSink& sink)
     // of full light, so the core burns white and the rest stays a tinted falloff.
     sink.picture("plasmabullet", lightField(kBoltSize, kBoltSize, [](float u, float v) {
         float r2 = u * u + v * v;
-        float core = 0.95f * std::exp(-r2 / 0.012f);
-        float body = 0.3f * std::exp(-r2 / 0.07f);
-        float halo = 0.12f * std::exp(-r2 / 0.3f);
+        float core = 0.95f * std::exp(-r2 / 0.03f);
+        float body = 0.45f * std::exp(-r2 / 0.12f);
+        float halo = 0.18f * std::exp(-r2 / 0.45f);
         float ring = 0.05f * std::exp(-std::pow((std::sqrt(r2) - 0.42f) / 0.12f, 2.0f));
         return (core + body + halo + ring) * smoothstep(1.0f, 0.8f, std::sqrt(r2));
     }));
@@ -62,9 +62,9 @@ void makeLaser(AssetSink& sink)
         // picture so the repeats meet without a seam.
         float phase = (u + 1) * kPi;
         float ripple = 0.85f + 0.1f * std::sin(2 * phase) + 0.05f * std::sin(6 * phase + 1.3f);
-        float core = std::exp(-v * v / 0.018f);
-        float body = 0.45f * std::exp(-v * v / 0.12f);
-        float halo = 0.18f * std::exp(-v * v / 0.4f);
+        float core = std::exp(-v * v / 0.07f);
+        float body = 0.5f * std::exp(-v * v / 0.22f);
+        float halo = 0.2f * std::exp(-v * v / 0.6f);
         return (core + (body + halo) * ripple) * smoothstep(1.0f, 0.8f, std::fabs(v));
     }));
 }

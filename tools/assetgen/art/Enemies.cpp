@@ -135,15 +135,19 @@ EnemyArt hammerhead()
 
 EnemyArt probe()
 {
-    static const auto claw = symmetric({{0.3f, 0.9f}, {0.38f, 0.62f}, {0.4f, 0.32f}, {0.22f, 0.3f}, {0.26f, 0.62f}});
+    static const auto fin = symmetric({{0.4f, 0.12f}, {0.78f, -0.22f}, {0.74f, -0.3f}, {0.4f, -0.2f}});
     EnemyArt art;
     art.name = "enemy_probe";
     art.size = 160;
     art.design = [](V2 p) {
         HullBuilder b(p);
         V2 m = mirrorX(p);
-        b.part(sdPolygon(m, claw), 0.02f, 0.06f, steel());
-        b.part(sdPolygon(m - V2{0.3f, -0.35f}, {{0.0f, 0.2f}, {0.42f, -0.05f}, {0.4f, -0.15f}, {0.0f, -0.05f}}), 0.0f, 0.04f, crimson());
+        // Two bent mandibles reach forward round the eye.
+        float claw = smoothUnion(sdSegment(m, {0.26f, 0.3f}, {0.42f, 0.6f}, 0.065f),
+                                 sdSegment(m, {0.42f, 0.6f}, {0.28f, 0.86f}, 0.035f), 0.04f);
+        b.part(claw, 0.02f, 0.06f, steel());
+        b.seam(std::fabs(m.y - 0.5f) + (std::fabs(m.x - 0.38f) > 0.07f ? 1.0f : 0.0f), 0.01f);
+        b.part(sdPolygon(p, fin), 0.0f, 0.04f, crimson());
         b.part(sdRoundBox(m - V2{0.22f, -0.5f}, {0.08f, 0.1f}, 0.04f), 0.02f, 0.05f, darkSteel());
         b.part(sdRoundBox(m - V2{0.22f, -0.6f}, {0.055f, 0.03f}, 0.02f), 0.03f, 0.02f, nozzle());
         V2 c = p - V2{0, 0.02f};
@@ -160,7 +164,7 @@ EnemyArt probe()
     art.lights = [](V2 p) {
         return lightFlame(p, {0.22f, -0.63f}, {0, -1}, 0.06f, 0.3f, 0.9f) +
                lightFlame(p, {-0.22f, -0.63f}, {0, -1}, 0.06f, 0.3f, 0.9f) +
-               glowAt(p, {{0.3f, 0.88f}, {-0.3f, 0.88f}}, 0.025f, kEnemyLight) +
+               glowAt(p, {{0.28f, 0.87f}, {-0.28f, 0.87f}, {0.76f, -0.27f}, {-0.76f, -0.27f}}, 0.022f, kEnemyLight) +
                lightDot(p, {0, 0.02f}, 0.12f, kEnemyLight * 0.35f);
     };
     art.style.grimeSeed = 104;

@@ -49,17 +49,21 @@ float Envelope::at(float t, float held) const
     return gate(held) * std::exp(-(t - held) / std::max(release, 1e-4f));
 }
 
-Svf::Out Svf::process(float x, float cutoffHz, float resonance)
+void Svf::set(float cutoffHz, float resonance)
 {
-    float g = std::tan(kPiF * std::min(cutoffHz, kSampleRate * 0.45f) / kSampleRate);
-    float k = 2 - 2 * resonance;
-    float a1 = 1 / (1 + g * (g + k));
+    g_ = std::tan(kPiF * std::min(cutoffHz, kSampleRate * 0.45f) / kSampleRate);
+    k_ = 2 - 2 * resonance;
+    a1_ = 1 / (1 + g_ * (g_ + k_));
+}
+
+Svf::Out Svf::process(float x)
+{
     float v3 = x - ic2_;
-    float v1 = a1 * ic1_ + g * a1 * v3;
-    float v2 = ic2_ + g * v1;
+    float v1 = a1_ * ic1_ + g_ * a1_ * v3;
+    float v2 = ic2_ + g_ * v1;
     ic1_ = 2 * v1 - ic1_;
     ic2_ = 2 * v2 - ic2_;
-    return {v2, v1, x - k * v1 - v2};
+    return {v2, v1, x - k_ * v1 - v2};
 }
 
 Reverb::Reverb(float roomSize, float damping) : feedback_(roomSize), damping_(damping)
@@ -77,14 +81,16 @@ float Reverb::process(float x)
         float y = c.buf[c.pos];
         c.store = y * (1 - damping_) + c.store * damping_;
         c.buf[c.pos] = x + c.store * feedback_;
-        c.pos = (c.pos + 1) % c.buf.size();
+        if (++c.pos == c.buf.size())
+            c.pos = 0;
         out += y;
     }
     out *= 0.125f;
     for (AllPass& a : allPasses_) {
         float b = a.buf[a.pos];
         a.buf[a.pos] = out + b * 0.5f;
-        a.pos = (a.pos + 1) % a.buf.size();
+        if (++a.pos == a.buf.size())
+            a.pos = 0;
         out = b - out;
     }
     return out;

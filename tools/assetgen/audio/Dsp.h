@@ -32,14 +32,17 @@ struct Envelope {
 };
 
 // Topology-preserving state-variable filter (Zavalishin): low, band and high outputs.
+// Set the cutoff only when it moves: it costs a tangent.
 class Svf {
 public:
     struct Out {
         float low, band, high;
     };
-    Out process(float x, float cutoffHz, float resonance);
+    void set(float cutoffHz, float resonance);
+    Out process(float x);
 
 private:
+    float g_ = 0.1f, k_ = 2, a1_ = 0;
     float ic1_ = 0, ic2_ = 0;
 };
 

@@ -56,13 +56,16 @@ const Note kPhraseB[] = {{0, 81, 2}, {2, 79, 2}, {4, 76, 4}, {8, 77, 2}, {10, 76
 
 long beatPos(int bar, float beat) { return bar * kBarSamples + std::lround(beat * kBeatSamples); }
 
-// Runs a voice from start until its envelope has died away after `held` seconds.
+constexpr int kControlRate = 16;  // samples between updates of a moving filter cutoff
+
+// Runs a voice from start until its envelope has died away (to about -43 dB) after `held`
+// seconds; the voice gets the loop position, its own sample count and its age in seconds.
 template <class Voice>
 void play(long start, float held, float release, Voice voice)
 {
-    long length = static_cast<long>((held + release * 6) * kSampleRate);
+    long length = static_cast<long>((held + release * 5) * kSampleRate);
     for (long i = 0; i < length; ++i)
-        voice(start + i, static_cast<float>(i) / kSampleRate);
+        voice(start + i, i, static_cast<float>(i) / kSampleRate);
 }
 
 void pad(Mix& mix, int bar, Rng& rng)
@@ -72,13 +75,16 @@ void pad(Mix& mix, int bar, Rng& rng)
     float held = 2 * kBeatsPerBar * kBeatSeconds;
     for (int tone : c.tones) {
         Saw saws[3] = {Saw(rng.unit()), Saw(rng.unit()), Saw(rng.unit())};
+        const float hz[3] = {noteHz(tone - 0.08f), noteHz(static_cast<float>(tone)), noteHz(tone + 0.08f)};
         Svf filter;
-        play(bar * kBarSamples, held, env.release, [&](long pos, float t) {
-            float x = (saws[0].next(noteHz(tone - 0.08f)) + saws[1].next(noteHz(tone)) + saws[2].next(noteHz(tone + 0.08f))) / 3;
-            // The filter breathes four times a loop, in step with the loop itself.
-            float loopPhase = static_cast<float>(((pos % kLoopSamples) + kLoopSamples) % kLoopSamples) / kLoopSamples;
-            float cutoff = 1000 + 550 * std::sin(kTwoPi * 4 * loopPhase);
-            float v = filter.process(x, cutoff, 0.25f).low * env.at(t, held) * 0.085f;
+        play(bar * kBarSamples, held, env.release, [&](long pos, long i, float t) {
+            float x = (saws[0].next(hz[0]) + saws[1].next(hz[1]) + saws[2].next(hz[2])) / 3;
+            if (i % kControlRate == 0) {
+                // The filter breathes four times a loop, in step with the loop itself.
+                float loopPhase = static_cast<float>(((pos % kLoopSamples) + kLoopSamples) % kLoopSamples) / kLoopSamples;
+                filter.set(1000 + 550 * std::sin(kTwoPi * 4 * loopPhase), 0.25f);
+            }
+            float v = filter.process(x).low * env.at(t, held) * 0.085f;
             mix.send.add(pos, v * 0.7f);
             mix.dry.add(pos, v * 0.45f);
         });
@@ -106,10 +112,11 @@ void bass(Mix& mix, int bar, Rng& rng)
         float sub = 0;
         float hz = noteHz(static_cast<float>(root + s.interval));
         float len = s.len * kBeatSeconds / 2;
-        play(beatPos(bar, s.at / 2), len, env.release, [&](long pos, float t) {
+        play(beatPos(bar, s.at / 2), len, env.release, [&](long pos, long i, float t) {
             sub += kTwoPi * hz * 0.5f / kSampleRate;
-            float cutoff = 180 + 1100 * std::exp(-t / 0.09f);
-            float x = filter.process(saw.next(hz), cutoff, 0.35f).low + 0.6f * std::sin(sub);
+            if (i % kControlRate == 0)
+                filter.set(180 + 1100 * std::exp(-t / 0.09f), 0.35f);
+            float x = filter.process(saw.next(hz)).low + 0.6f * std::sin(sub);
             float v = x * env.at(t, len) * (held ? 0.12f : 0.17f);
             mix.dry.add(pos, v);
             mix.send.add(pos, v * 0.1f);
@@ -131,9 +138,11 @@ void arpeggio(Mix& mix, int bar, Rng& rng)
         Svf filter;
         float hz = noteHz(static_cast<float>(midi));
         float phase = 0;
-        play(beatPos(bar, step * 0.25f), 0.06f, env.release, [&](long pos, float t) {
+        play(beatPos(bar, step * 0.25f), 0.06f, env.release, [&](long pos, long i, float t) {
             phase += kTwoPi * hz / kSampleRate;
-            float x = filter.process(saw.next(hz), 800 + 3000 * std::exp(-t / 0.05f), 0.2f).low + 0.4f * std::sin(phase);
+            if (i % kControlRate == 0)
+                filter.set(800 + 3000 * std::exp(-t / 0.05f), 0.2f);
+            float x = filter.process(saw.next(hz)).low + 0.4f * std::sin(phase);
             float v = x * env.at(t, 0.06f) * 0.05f * accent * level;
             mix.echo.add(pos, v);
             mix.dry.add(pos, v * 0.6f);
@@ -148,13 +157,16 @@ void lead(Mix& mix, int firstBar, const Note* phrase, size_t count, Rng& rng)
         const Note& note = phrase[n];
         Saw saw(rng.unit());
         Svf filter;
+        filter.set(1600, 0.1f);
         float phase = 0;
         float held = note.beats * kBeatSeconds * 0.92f;
-        play(beatPos(firstBar, note.beat), held, env.release, [&](long pos, float t) {
+        const float base = noteHz(static_cast<float>(note.midi));
+        play(beatPos(firstBar, note.beat), held, env.release, [&](long pos, long, float t) {
+            // Vibrato of up to a seventh of a semitone, fading in after the attack.
             float vibrato = 0.14f * std::sin(kTwoPi * 5.2f * t) * smoothstep(0.25f, 0.7f, t);
-            float hz = noteHz(note.midi + vibrato);
+            float hz = base * (1 + vibrato * 0.0578f);
             phase += kTwoPi * hz / kSampleRate;
-            float x = 0.7f * std::sin(phase) + 0.35f * filter.process(saw.next(hz), 1600, 0.1f).low;
+            float x = 0.7f * std::sin(phase) + 0.35f * filter.process(saw.next(hz)).low;
             float v = x * env.at(t, held) * 0.075f;
             mix.send.add(pos, v * 0.8f);
             mix.dry.add(pos, v * 0.55f);
@@ -166,7 +178,7 @@ void lead(Mix& mix, int firstBar, const Note* phrase, size_t count, Rng& rng)
 void kick(Mix& mix, long at)
 {
     float phase = 0;
-    play(at, 0.0f, 0.08f, [&](long pos, float t) {
+    play(at, 0.0f, 0.3f, [&](long pos, long, float t) {
         phase += kTwoPi * (46 + 90 * std::exp(-t / 0.035f)) / kSampleRate;
         mix.dry.add(pos, std::sin(phase) * std::exp(-t / 0.28f) * 0.42f);
     });
@@ -175,11 +187,12 @@ void kick(Mix& mix, long at)
 void snare(Mix& mix, long at, WhiteNoise& noise)
 {
     Svf filter;
+    filter.set(2200, 0.3f);
     float phase = 0;
-    play(at, 0.0f, 0.05f, [&](long pos, float t) {
+    play(at, 0.0f, 0.12f, [&](long pos, long, float t) {
         phase += kTwoPi * 185 / kSampleRate;
         float body = std::sin(phase) * std::exp(-t / 0.06f) * 0.5f;
-        float hiss = filter.process(noise.next(), 2200, 0.3f).band * std::exp(-t / 0.11f);
+        float hiss = filter.process(noise.next()).band * std::exp(-t / 0.11f);
         float v = (body + hiss) * 0.2f;
         mix.dry.add(pos, v);
         mix.send.add(pos, v * 0.5f);
@@ -189,8 +202,9 @@ void snare(Mix& mix, long at, WhiteNoise& noise)
 void hat(Mix& mix, long at, float level, float decay, WhiteNoise& noise)
 {
     Svf filter;
-    play(at, 0.0f, decay, [&](long pos, float t) {
-        float v = filter.process(noise.next(), 7500, 0.1f).high * std::exp(-t / decay) * level;
+    filter.set(7500, 0.1f);
+    play(at, 0.0f, decay, [&](long pos, long, float t) {
+        float v = filter.process(noise.next()).high * std::exp(-t / decay) * level;
         mix.dry.add(pos, v);
         mix.send.add(pos, v * 0.3f);
     });

@@ -1,0 +1,51 @@
+#include "review/SkyView.h"
+
+#include <cmath>
+
+namespace assetgen {
+
+namespace {
+
+V3 rotateX(V3 v, float deg)
+{
+    float a = deg * kPi / 180, c = std::cos(a), s = std::sin(a);
+    return {v.x, c * v.y - s * v.z, s * v.y + c * v.z};
+}
+
+V3 rotateZ(V3 v, float deg)
+{
+    float a = deg * kPi / 180, c = std::cos(a), s = std::sin(a);
+    return {c * v.x - s * v.y, s * v.x + c * v.y, v.z};
+}
+
+} // namespace
+
+void renderSky(Compositor& out, int x0, int y0, int w, int h, const Picture* const faces[6], const SkyCamera& cam,
+               float brightness)
+{
+    V3 f = normalize(cam.forward);
+    V3 r = normalize(cross(f, cam.up));
+    V3 u = cross(r, f);
+    float k = std::tan(cam.fovDeg * kPi / 360);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            float sx = (2 * (x + 0.5f) / w - 1) * k * w / h;
+            float sy = (1 - 2 * (y + 0.5f) / h) * k;
+            V3 world = f + r * sx + u * sy;
+            // The box is drawn turned by Rz * Rx: undo that to find the direction in the box.
+            V3 box = rotateX(rotateZ(world, -cam.tiltZDeg), -cam.tiltXDeg);
+            CubeFace face;
+            float s, t;
+            faceOf(box, face, s, t);
+            const Picture* pic = faces[static_cast<int>(face)];
+            if (!pic || x0 + x < 0 || y0 + y < 0 || x0 + x >= out.width() || y0 + y >= out.height())
+                continue;
+            // Edge texels sit exactly on the cube's edges: map [-1, 1] onto texel centres.
+            float fu = ((s + 1) * 0.5f * (pic->width - 1) + 0.5f) / pic->width;
+            float fv = ((t + 1) * 0.5f * (pic->height - 1) + 0.5f) / pic->height;
+            Px c = sampleBilinear(*pic, fu, fv);
+            out.at(x0 + x, y0 + y) = out.at(x0 + x, y0 + y) + V3{c.r, c.g, c.b} * (c.a * brightness);
+        }
+}
+
+} // namespace assetgen
