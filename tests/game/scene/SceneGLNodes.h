@@ -1,9 +1,9 @@
-// Helpers for the scenes' pixel tests: a leaf that fills its rectangle with the inherited
-// colour using plain GL, and a read-back of the whole window with the rows counted from the top.
+// Helpers for the scenes' pixel tests: a sprite that fills its rectangle with the inherited
+// colour, and a read-back of the whole window with the rows counted from the top.
 #pragma once
 
-#include "scene/Drawable.h"
 #include "scene/SceneState.h"
+#include "scene/Sprite.h"
 
 #include "graphics/Image.h"
 #include "graphics/Texture.h"
@@ -14,29 +14,20 @@
 #include <cstdint>
 #include <vector>
 
-// Fills anchor +- size/2 with the state's colour the way the game's sprites draw: a white
-// texel under the textured program that the scene has bound, so the composite that follows
-// finds the same program in use as after any sprite.
-class SolidQuad : public Drawable {
+// A Sprite over one white texel: a solid rectangle anchor +- size/2 in the inherited colour,
+// drawn the way every picture of the game is drawn. Counts its draws.
+class SolidQuad : public Sprite {
 public:
-    explicit SolidQuad(float width = 2.0f, float height = 2.0f) { setSize(width, height); }
+    explicit SolidQuad(float width = 2.0f, float height = 2.0f) : Sprite(&white(), width, height) {}
     void draw(const SceneState& state) override
     {
         ++draws;
-        const float left = anchor.x - size.x / 2, right = anchor.x + size.x / 2;
-        const float top = anchor.y - size.y / 2, bottom = anchor.y + size.y / 2;
-        const float corners[4][2] = {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
-        const ByteColor c = state.color;
-        const uint8_t colors[4][4] = {{c.r, c.g, c.b, c.a}, {c.r, c.g, c.b, c.a}, {c.r, c.g, c.b, c.a}, {c.r, c.g, c.b, c.a}};
-        white().bind(GL_TEXTURE0);
-        glVertexPointer(2, GL_FLOAT, 0, corners);
-        glColorPointer(4, GL_UNSIGNED_BYTE, 0, colors);
-        glDrawArrays(GL_QUADS, 0, 4);
+        Sprite::draw(state);
     }
     int draws = 0;
 
 private:
-    // One opaque white texel, made on first use and kept for the test process.
+    // Made on first use and kept for the test process.
     static vorlik::Texture& white()
     {
         static vorlik::Texture* texture = [] {
