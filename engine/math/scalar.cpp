@@ -16,11 +16,12 @@ bool insideUnit(float t) { return t >= 0.0f && t <= 1.0f; }
 
 int wrap(int v, int a, int b) {
   if (a == b) return a;
-  const int lo = a < b ? a : b;
-  const int hi = a < b ? b : a;
-  int r = (v - lo) % (hi - lo);
+  // Widened so that ranges spanning most of the int range cannot overflow.
+  const int64_t lo = a < b ? a : b;
+  const int64_t hi = a < b ? b : a;
+  int64_t r = (v - lo) % (hi - lo);
   if (r < 0) r += hi - lo;
-  return lo + r;
+  return static_cast<int>(lo + r);
 }
 
 float wrap(float v, float a, float b) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 
 using namespace vorlik;
@@ -17,6 +18,12 @@ TEST(Wrap, UpperBoundIsExcluded) {
   EXPECT_EQ(wrap(25, 0, 10), 5);
   EXPECT_EQ(wrap(-21, 0, 10), 9);
   EXPECT_EQ(wrap(4, 5, 8), 7);
+}
+
+TEST(Wrap, WideRangeDoesNotOverflow) {
+  EXPECT_EQ(wrap(INT_MAX, INT_MIN, INT_MAX), INT_MIN);
+  EXPECT_EQ(wrap(-5, INT_MAX, INT_MIN), -5);
+  EXPECT_EQ(wrap(INT_MIN, 0, 10), 2);
 }
 
 TEST(Wrap, FloatFoldsIntoHalfOpenRange) {
