@@ -31,10 +31,10 @@ const char* decimal(unsigned int v) {
   return __t_strv;
 }
 
-// Longs have always been printed with "%il" and "%Xl", handing the 64-bit value to a conversion
-// that reads 32 bits: on x86-64 that reading is the low half of the value, and the "l" after it
-// is a literal letter. Passing the low half ourselves prints the same bytes without mismatched
-// variadic arguments.
+// The formats "%il" and "%Xl" are deliberate: longs have always been printed by handing the
+// 64-bit value to a "%i" or "%X" that reads 32 bits, with the "l" as a literal letter after it.
+// On x86-64 that read sees the low half of the value, so passing the low half ourselves prints
+// the very same bytes without handing a variadic call an argument of the wrong type.
 const char* decimalLong(long v) {
   std::sprintf(scratch(), "%il", static_cast<int>(v));
   return __t_strv;
