@@ -49,7 +49,7 @@ TEST_F(SceneBaseTest, StartsLookingAtTheCentreOfItsPixels)
     EXPECT_EQ(scene.count, 0u);
 }
 
-TEST_F(SceneBaseTest, ZeroZoomIsRaisedToAHundredthAndWrittenBack)
+TEST_F(SceneBaseTest, ZoomAtOrBelowAHundredthIsRaisedToAHundredthAndWrittenBack)
 {
     scene.camera.zoom = 0;
     scene.prepareFrame(frame, views);
@@ -58,6 +58,9 @@ TEST_F(SceneBaseTest, ZeroZoomIsRaisedToAHundredthAndWrittenBack)
     scene.prepareFrame(frame, views);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
     EXPECT_FLOAT_EQ(frame.state.transform.m0, 0.01f);
+    scene.camera.zoom = 0.005f;
+    scene.prepareFrame(frame, views);
+    EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
     scene.camera.zoom = 0.02f;
     scene.prepareFrame(frame, views);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 0.02f);
