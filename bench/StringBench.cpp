@@ -6,39 +6,42 @@
 
 namespace {
 
-void BM_StringAppendText(benchmark::State& state) {
-  const auto n = state.range(0);
-  for (auto _ : state) {
-    vorlik::String s;
-    for (int64_t i = 0; i < n; ++i) s += "abc";
-    benchmark::DoNotOptimize(s.data);
-  }
-  state.SetItemsProcessed(state.iterations() * n);
+void BM_StringAppendText(benchmark::State& state)
+{
+    const auto n = state.range(0);
+    for (auto _ : state) {
+        vorlik::String s;
+        for (int64_t i = 0; i < n; ++i) s += "abc";
+        benchmark::DoNotOptimize(s.data);
+    }
+    state.SetItemsProcessed(state.iterations() * n);
 }
 BENCHMARK(BM_StringAppendText)->Arg(16)->Arg(256);
 
-void BM_StringAppendChar(benchmark::State& state) {
-  const auto n = state.range(0);
-  for (auto _ : state) {
-    // Starting from a text keeps clear of the unterminated append into an empty block.
-    vorlik::String s("x");
-    for (int64_t i = 0; i < n; ++i) s += 'a';
-    benchmark::DoNotOptimize(s.data);
-  }
-  state.SetItemsProcessed(state.iterations() * n);
+void BM_StringAppendChar(benchmark::State& state)
+{
+    const auto n = state.range(0);
+    for (auto _ : state) {
+        // Starting from a text keeps clear of the unterminated append into an empty block.
+        vorlik::String s("x");
+        for (int64_t i = 0; i < n; ++i) s += 'a';
+        benchmark::DoNotOptimize(s.data);
+    }
+    state.SetItemsProcessed(state.iterations() * n);
 }
 BENCHMARK(BM_StringAppendChar)->Arg(16)->Arg(256);
 
-void BM_StringAppendString(benchmark::State& state) {
-  const auto n = state.range(0);
-  const vorlik::String piece("abc");
-  for (auto _ : state) {
-    vorlik::String s;
-    for (int64_t i = 0; i < n; ++i) s += piece;
-    benchmark::DoNotOptimize(s.data);
-  }
-  state.SetItemsProcessed(state.iterations() * n);
+void BM_StringAppendString(benchmark::State& state)
+{
+    const auto n = state.range(0);
+    const vorlik::String piece("abc");
+    for (auto _ : state) {
+        vorlik::String s;
+        for (int64_t i = 0; i < n; ++i) s += piece;
+        benchmark::DoNotOptimize(s.data);
+    }
+    state.SetItemsProcessed(state.iterations() * n);
 }
 BENCHMARK(BM_StringAppendString)->Arg(16)->Arg(256);
 
-}  // namespace
+} // namespace

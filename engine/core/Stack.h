@@ -12,67 +12,73 @@
 
 namespace vorlik {
 
-template <typename T>
-class Stack {
-  static_assert(std::is_trivially_copyable_v<T>, "Stack copies its elements bytewise");
+template <typename T> class Stack {
+    static_assert(std::is_trivially_copyable_v<T>, "Stack copies its elements bytewise");
 
- public:
-  T* data;            // capacity + 1 elements, zero-filled when allocated
-  uint32_t capacity;  // usable elements
-  uint32_t count;     // elements in use, from index 0
+public:
+    T* data;           // capacity + 1 elements, zero-filled when allocated
+    uint32_t capacity; // usable elements
+    uint32_t count;    // elements in use, from index 0
 
-  explicit Stack(uint32_t initialCapacity = 16)
-      : data(allocate(initialCapacity)), capacity(initialCapacity), count(0) {}
+    explicit Stack(uint32_t initialCapacity = 16)
+        : data(allocate(initialCapacity)), capacity(initialCapacity), count(0)
+    {
+    }
 
-  Stack(const Stack& other) : data(allocate(other.capacity)), capacity(other.capacity), count(other.count) {
-    std::memcpy(static_cast<void*>(data), other.data, sizeof(T) * (capacity + 1));
-  }
+    Stack(const Stack& other) : data(allocate(other.capacity)), capacity(other.capacity), count(other.count)
+    {
+        std::memcpy(static_cast<void*>(data), other.data, sizeof(T) * (capacity + 1));
+    }
 
-  Stack& operator=(const Stack& other) {
-    Stack copy(other);
-    std::swap(data, copy.data);
-    std::swap(capacity, copy.capacity);
-    std::swap(count, copy.count);
-    return *this;
-  }
+    Stack& operator=(const Stack& other)
+    {
+        Stack copy(other);
+        std::swap(data, copy.data);
+        std::swap(capacity, copy.capacity);
+        std::swap(count, copy.count);
+        return *this;
+    }
 
-  ~Stack() { std::free(data); }
+    ~Stack() { std::free(data); }
 
-  void push(const T& value) {
-    // Doubling keeps pushes cheap; a stack created empty starts at one element instead.
-    if (count == capacity) reserve(capacity == 0 ? 1 : capacity * 2);
-    data[count] = value;
-    ++count;
-  }
+    void push(const T& value)
+    {
+        // Doubling keeps pushes cheap; a stack created empty starts at one element instead.
+        if (count == capacity) reserve(capacity == 0 ? 1 : capacity * 2);
+        data[count] = value;
+        ++count;
+    }
 
-  // Grows the block to hold n elements, keeping the elements and their order; never shrinks.
-  void reserve(uint32_t n) {
-    if (n <= capacity) return;
-    T* grown = allocate(n);
-    std::memcpy(static_cast<void*>(grown), data, sizeof(T) * capacity);
-    std::free(data);
-    data = grown;
-    capacity = n;
-  }
+    // Grows the block to hold n elements, keeping the elements and their order; never shrinks.
+    void reserve(uint32_t n)
+    {
+        if (n <= capacity) return;
+        T* grown = allocate(n);
+        std::memcpy(static_cast<void*>(grown), data, sizeof(T) * capacity);
+        std::free(data);
+        data = grown;
+        capacity = n;
+    }
 
-  // Forgets the elements but keeps the block, for lists that are refilled every frame.
-  void clear() { count = 0; }
+    // Forgets the elements but keeps the block, for lists that are refilled every frame.
+    void clear() { count = 0; }
 
-  uint32_t size() const { return count; }
-  bool empty() const { return count == 0; }
+    uint32_t size() const { return count; }
+    bool empty() const { return count == 0; }
 
-  T& operator[](uint32_t i) { return data[i]; }
-  const T& operator[](uint32_t i) const { return data[i]; }
+    T& operator[](uint32_t i) { return data[i]; }
+    const T& operator[](uint32_t i) const { return data[i]; }
 
-  T* begin() { return data; }
-  T* end() { return data + count; }
-  const T* begin() const { return data; }
-  const T* end() const { return data + count; }
+    T* begin() { return data; }
+    T* end() { return data + count; }
+    const T* begin() const { return data; }
+    const T* end() const { return data + count; }
 
- private:
-  static T* allocate(uint32_t capacity) {
-    return static_cast<T*>(std::calloc(static_cast<size_t>(capacity) + 1, sizeof(T)));
-  }
+private:
+    static T* allocate(uint32_t capacity)
+    {
+        return static_cast<T*>(std::calloc(static_cast<size_t>(capacity) + 1, sizeof(T)));
+    }
 };
 
-}  // namespace vorlik
+} // namespace vorlik

@@ -15,72 +15,83 @@ char* allocate(uint32_t bytes) { return static_cast<char*>(std::calloc(bytes, 1)
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n'; }
 
 // Every conversion starts from an all-zero scratch buffer.
-char* scratch() {
-  std::memset(__t_strv, 0, sizeof __t_strv);
-  return __t_strv;
+char* scratch()
+{
+    std::memset(__t_strv, 0, sizeof __t_strv);
+    return __t_strv;
 }
 
-const char* decimal(int v) {
-  std::sprintf(scratch(), "%i", v);
-  return __t_strv;
+const char* decimal(int v)
+{
+    std::sprintf(scratch(), "%i", v);
+    return __t_strv;
 }
 
-const char* decimal(unsigned int v) {
-  // Unsigned values have always gone through "%i" too, so the largest ones print negative.
-  std::sprintf(scratch(), "%i", static_cast<int>(v));
-  return __t_strv;
+const char* decimal(unsigned int v)
+{
+    // Unsigned values have always gone through "%i" too, so the largest ones print negative.
+    std::sprintf(scratch(), "%i", static_cast<int>(v));
+    return __t_strv;
 }
 
 // The formats "%il" and "%Xl" are deliberate: longs have always been printed by handing the
 // 64-bit value to a "%i" or "%X" that reads 32 bits, with the "l" as a literal letter after it.
 // On x86-64 that read sees the low half of the value, so passing the low half ourselves prints
 // the very same bytes without handing a variadic call an argument of the wrong type.
-const char* decimalLong(long v) {
-  std::sprintf(scratch(), "%il", static_cast<int>(v));
-  return __t_strv;
+const char* decimalLong(long v)
+{
+    std::sprintf(scratch(), "%il", static_cast<int>(v));
+    return __t_strv;
 }
 
-const char* hexLong(long v) {
-  std::sprintf(scratch(), "%Xl", static_cast<unsigned int>(v));
-  return __t_strv;
+const char* hexLong(long v)
+{
+    std::sprintf(scratch(), "%Xl", static_cast<unsigned int>(v));
+    return __t_strv;
 }
 
 // Narrow values are widened to int first, keeping their sign, then read as unsigned by "%X".
-const char* hexNarrow(int v) {
-  std::sprintf(scratch(), "%X", static_cast<unsigned int>(v));
-  return __t_strv;
+const char* hexNarrow(int v)
+{
+    std::sprintf(scratch(), "%X", static_cast<unsigned int>(v));
+    return __t_strv;
 }
 
-const char* fixed(float v) {
-  std::sprintf(scratch(), "%f", static_cast<double>(v));
-  return __t_strv;
+const char* fixed(float v)
+{
+    std::sprintf(scratch(), "%f", static_cast<double>(v));
+    return __t_strv;
 }
 
 // Doubles carry a literal "L" after their six decimals, as they always have on screen.
-const char* fixedLong(double v) {
-  std::sprintf(scratch(), "%fL", v);
-  return __t_strv;
+const char* fixedLong(double v)
+{
+    std::sprintf(scratch(), "%fL", v);
+    return __t_strv;
 }
 
-const char* address(const void* pointer) {
-  std::sprintf(scratch(), "%p", pointer);
-  return __t_strv;
+const char* address(const void* pointer)
+{
+    std::sprintf(scratch(), "%p", pointer);
+    return __t_strv;
 }
 
-}  // namespace
+} // namespace
 
 String::String() : data(allocate(1)), capacity(0), length(0) {}
 
-String::String(const char* text) {
-  length = text ? static_cast<uint32_t>(std::strlen(text)) : 0;
-  capacity = length + 1;
-  data = allocate(length + 2);
-  if (length) std::memcpy(data, text, length);
+String::String(const char* text)
+{
+    length = text ? static_cast<uint32_t>(std::strlen(text)) : 0;
+    capacity = length + 1;
+    data = allocate(length + 2);
+    if (length) std::memcpy(data, text, length);
 }
 
 String::String(const String& other)
-    : data(allocate(other.length + 2)), capacity(other.length + 1), length(other.length) {
-  std::memcpy(data, other.data, length);
+    : data(allocate(other.length + 2)), capacity(other.length + 1), length(other.length)
+{
+    std::memcpy(data, other.data, length);
 }
 
 String::String(char c) : data(allocate(3)), capacity(2), length(1) { data[0] = c; }
@@ -107,191 +118,215 @@ String String::hex(unsigned short v) { return String(hexNarrow(v)); }
 String String::hex(long v) { return String(hexLong(v)); }
 String String::hex(unsigned long v) { return String(hexLong(static_cast<long>(v))); }
 
-String& String::operator=(const char* text) {
-  assign(text, text ? static_cast<uint32_t>(std::strlen(text)) : 0);
-  return *this;
+String& String::operator=(const char* text)
+{
+    assign(text, text ? static_cast<uint32_t>(std::strlen(text)) : 0);
+    return *this;
 }
 
-String& String::operator=(const String& other) {
-  assign(other.data, other.length);
-  return *this;
+String& String::operator=(const String& other)
+{
+    assign(other.data, other.length);
+    return *this;
 }
 
-String& String::operator+=(const char* text) {
-  if (text) append(text, static_cast<uint32_t>(std::strlen(text)));
-  return *this;
+String& String::operator+=(const char* text)
+{
+    if (text) append(text, static_cast<uint32_t>(std::strlen(text)));
+    return *this;
 }
 
-String& String::operator+=(const String& other) {
-  append(other.data, other.length);
-  return *this;
+String& String::operator+=(const String& other)
+{
+    append(other.data, other.length);
+    return *this;
 }
 
-String& String::operator+=(char c) {
-  if (capacity == length + 1) {
-    char* grown = allocate(length + 10);
-    std::memcpy(grown, data, length);
+String& String::operator+=(char c)
+{
+    if (capacity == length + 1) {
+        char* grown = allocate(length + 10);
+        std::memcpy(grown, data, length);
+        std::free(data);
+        data = grown;
+        capacity = length + 9;
+    }
+    data[length < capacity ? length : capacity] = c;
+    ++length;
+    // A reused block may hold old bytes past the text, so terminate whenever the block has room.
+    if (length <= capacity) data[length] = 0;
+    return *this;
+}
+
+void String::assign(const char* text, uint32_t n)
+{
+    if (n > capacity) {
+        // Copy before freeing: the text may live in the old block.
+        char* grown = allocate(n + 2);
+        std::memcpy(grown, text, n);
+        std::free(data);
+        data = grown;
+        capacity = n + 1;
+    } else if (n) {
+        std::memmove(data, text, n);
+    }
+    data[n] = 0;
+    length = n;
+}
+
+void String::append(const char* text, uint32_t n)
+{
+    if (capacity < length + n + 1) {
+        char* grown = allocate(length + n + 2);
+        std::memcpy(grown, data, length);
+        if (n) std::memcpy(grown + length, text, n);
+        std::free(data);
+        data = grown;
+        capacity = length + n + 1;
+    } else if (n) {
+        std::memmove(data + length, text, n);
+    }
+    length += n;
+    data[length] = 0;
+}
+
+void String::reserve(uint32_t n)
+{
+    if (capacity >= n) return;
+    char* grown = allocate(n + 1);
+    std::memcpy(grown, data, capacity);
     std::free(data);
     data = grown;
-    capacity = length + 9;
-  }
-  data[length < capacity ? length : capacity] = c;
-  ++length;
-  // A reused block may hold old bytes past the text, so terminate whenever the block has room.
-  if (length <= capacity) data[length] = 0;
-  return *this;
+    capacity = n;
 }
 
-void String::assign(const char* text, uint32_t n) {
-  if (n > capacity) {
-    // Copy before freeing: the text may live in the old block.
-    char* grown = allocate(n + 2);
-    std::memcpy(grown, text, n);
+void String::clear()
+{
+    char* small = allocate(5);
+    std::memcpy(small, data, capacity + 1 < 4 ? capacity + 1 : 4);
     std::free(data);
-    data = grown;
-    capacity = n + 1;
-  } else if (n) {
-    std::memmove(data, text, n);
-  }
-  data[n] = 0;
-  length = n;
-}
-
-void String::append(const char* text, uint32_t n) {
-  if (capacity < length + n + 1) {
-    char* grown = allocate(length + n + 2);
-    std::memcpy(grown, data, length);
-    if (n) std::memcpy(grown + length, text, n);
-    std::free(data);
-    data = grown;
-    capacity = length + n + 1;
-  } else if (n) {
-    std::memmove(data + length, text, n);
-  }
-  length += n;
-  data[length] = 0;
-}
-
-void String::reserve(uint32_t n) {
-  if (capacity >= n) return;
-  char* grown = allocate(n + 1);
-  std::memcpy(grown, data, capacity);
-  std::free(data);
-  data = grown;
-  capacity = n;
-}
-
-void String::clear() {
-  char* small = allocate(5);
-  std::memcpy(small, data, capacity + 1 < 4 ? capacity + 1 : 4);
-  std::free(data);
-  data = small;
-  capacity = 4;
-  length = 0;
+    data = small;
+    capacity = 4;
+    length = 0;
 }
 
 char String::operator[](uint32_t i) const { return i < capacity ? data[i] : data[capacity]; }
 
-int String::find(const String& needle, uint32_t from) const {
-  if (needle.length > length) return -1;
-  for (uint32_t p = from; p <= length - needle.length; ++p)
-    if (std::memcmp(data + p, needle.data, needle.length) == 0) return static_cast<int>(p);
-  return -1;
+int String::find(const String& needle, uint32_t from) const
+{
+    if (needle.length > length) return -1;
+    for (uint32_t p = from; p <= length - needle.length; ++p)
+        if (std::memcmp(data + p, needle.data, needle.length) == 0) return static_cast<int>(p);
+    return -1;
 }
 
-int String::rfind(const String& needle, uint32_t from) const {
-  if (from > length || needle.length > length) return -1;
-  uint32_t p = length - from;
-  if (p > length - needle.length) p = length - needle.length;
-  for (;; --p) {
-    if (std::memcmp(data + p, needle.data, needle.length) == 0) return static_cast<int>(p);
-    if (p == 0) return -1;
-  }
+int String::rfind(const String& needle, uint32_t from) const
+{
+    if (from > length || needle.length > length) return -1;
+    uint32_t p = length - from;
+    if (p > length - needle.length) p = length - needle.length;
+    for (;; --p) {
+        if (std::memcmp(data + p, needle.data, needle.length) == 0) return static_cast<int>(p);
+        if (p == 0) return -1;
+    }
 }
 
-void String::cut(uint32_t at, uint32_t n) {
-  std::memmove(data + at, data + at + n, length - at - n);
-  std::memset(data + length - n, 0, n);
-  length -= n;
+void String::cut(uint32_t at, uint32_t n)
+{
+    std::memmove(data + at, data + at + n, length - at - n);
+    std::memset(data + length - n, 0, n);
+    length -= n;
 }
 
-int String::remove(const String& needle) {
-  const int at = find(needle);
-  if (at < 0) return -1;
-  cut(static_cast<uint32_t>(at), needle.length);
-  return static_cast<int>(length);
+int String::remove(const String& needle)
+{
+    const int at = find(needle);
+    if (at < 0) return -1;
+    cut(static_cast<uint32_t>(at), needle.length);
+    return static_cast<int>(length);
 }
 
-int String::rremove(const String& needle) {
-  const int at = rfind(needle);
-  if (at < 0) return -1;
-  cut(static_cast<uint32_t>(at), needle.length);
-  return static_cast<int>(length);
+int String::rremove(const String& needle)
+{
+    const int at = rfind(needle);
+    if (at < 0) return -1;
+    cut(static_cast<uint32_t>(at), needle.length);
+    return static_cast<int>(length);
 }
 
-void String::trim() {
-  uint32_t begin = 0;
-  uint32_t end = length;
-  while (begin < end && isBlank(data[begin])) ++begin;
-  while (end > begin && isBlank(data[end - 1])) --end;
-  const uint32_t n = end - begin;
-  char* fitted = allocate(n + 2);
-  std::memcpy(fitted, data + begin, n);
-  std::free(data);
-  data = fitted;
-  capacity = n + 1;
-  length = n;
+void String::trim()
+{
+    uint32_t begin = 0;
+    uint32_t end = length;
+    while (begin < end && isBlank(data[begin])) ++begin;
+    while (end > begin && isBlank(data[end - 1])) --end;
+    const uint32_t n = end - begin;
+    char* fitted = allocate(n + 2);
+    std::memcpy(fitted, data + begin, n);
+    std::free(data);
+    data = fitted;
+    capacity = n + 1;
+    length = n;
 }
 
-String String::fromBytes(const char* bytes, uint32_t n) {
-  String s;
-  s.assign(bytes, n);
-  return s;
+String String::fromBytes(const char* bytes, uint32_t n)
+{
+    String s;
+    s.assign(bytes, n);
+    return s;
 }
 
-String String::substr(uint32_t from) const {
-  if (from >= length) return String();
-  return fromBytes(data + from, length - from);
+String String::substr(uint32_t from) const
+{
+    if (from >= length) return String();
+    return fromBytes(data + from, length - from);
 }
 
-String String::substr(uint32_t from, uint32_t to) const {
-  if (from >= to || from >= length || to >= length) return String();
-  return fromBytes(data + from, to - from);
+String String::substr(uint32_t from, uint32_t to) const
+{
+    if (from >= to || from >= length || to >= length) return String();
+    return fromBytes(data + from, to - from);
 }
 
-char* String::c_str() const {
-  char* copy = new char[length + 1];
-  std::memcpy(copy, data, length);
-  copy[length] = 0;
-  return copy;
+char* String::c_str() const
+{
+    char* copy = new char[length + 1];
+    std::memcpy(copy, data, length);
+    copy[length] = 0;
+    return copy;
 }
 
-bool String::operator==(const String& other) const {
-  if (!data || !other.data || length != other.length) return false;
-  return std::memcmp(data, other.data, length) == 0;
+bool String::operator==(const String& other) const
+{
+    if (!data || !other.data || length != other.length) return false;
+    return std::memcmp(data, other.data, length) == 0;
 }
 
-bool String::operator==(const char* text) const {
-  if (!text || std::strlen(text) != length) return false;
-  return std::memcmp(data, text, length) == 0;
+bool String::operator==(const char* text) const
+{
+    if (!text || std::strlen(text) != length) return false;
+    return std::memcmp(data, text, length) == 0;
 }
 
-String String::operator+(const char* text) const {
-  String s(*this);
-  s += text;
-  return s;
+String String::operator+(const char* text) const
+{
+    String s(*this);
+    s += text;
+    return s;
 }
 
-String String::operator+(const String& other) const {
-  String s(*this);
-  s += other;
-  return s;
+String String::operator+(const String& other) const
+{
+    String s(*this);
+    s += other;
+    return s;
 }
 
-String operator+(const char* text, const String& s) {
-  String r(text);
-  r += s;
-  return r;
+String operator+(const char* text, const String& s)
+{
+    String r(text);
+    r += s;
+    return r;
 }
 
 int String::toInt() const { return static_cast<int>(std::strtol(data, nullptr, 10)); }
@@ -302,4 +337,4 @@ double String::toDouble() const { return std::strtod(data, nullptr); }
 void String::print() const { std::printf("%s", data); }
 void String::puts() const { std::puts(data); }
 
-}  // namespace vorlik
+} // namespace vorlik

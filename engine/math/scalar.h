@@ -36,4 +36,4 @@ bool isPowerOfTwo(uint32_t v);
 // 0 for 0, else the largest power of two <= v (never rounds up, even when that is nearer).
 uint32_t lowerPowerOfTwo(uint32_t v);
 
-}  // namespace vorlik
+} // namespace vorlik
