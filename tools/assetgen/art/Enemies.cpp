@@ -45,14 +45,18 @@ EnemyArt fighter()
         HullBuilder b(p);
         V2 m = mirrorX(p);
         b.part(sdPolygon(p, wing), 0.0f, 0.05f, crimson());
+        b.plating({0.18f, 0.16f}, 0.006f, 0.08f);
         b.seam(sdSegment(m, {0.22f, 0.1f}, {0.62f, -0.28f}), 0.012f);
         b.seam(std::fabs(m.y + 0.3f) - 0.0f + (m.x < 0.2f ? 1.0f : 0.0f), 0.01f);
         b.paint(sdSegment(m, {0.42f, -0.34f}, {0.7f, -0.4f}, 0.018f), rust().albedo, 0.006f);
         b.part(sdSegment(m, {0.76f, -0.08f}, {0.76f, -0.5f}, 0.045f), 0.03f, 0.04f, steel());
         b.part(sdPolygon(p, canard), 0.02f, 0.03f, steel());
         b.part(sdPolygon(p, body), 0.04f, 0.14f, steel());
+        b.plating({0.5f, 0.2f}, 0.006f, 0.06f);
         b.seam(sdBox(p - V2{0, -0.15f}, {0.1f, 0.3f}), 0.01f);
         b.paint(sdBox(m - V2{0.13f, 0.05f}, {0.02f, 0.12f}), darkSteel().albedo, 0.01f);
+        for (int i = 0; i < 3; ++i)
+            b.paint(sdRoundBox(m - V2{0.06f, -0.22f - i * 0.06f}, {0.03f, 0.012f}, 0.006f), V3{0.08f, 0.08f, 0.09f}, 0.004f);
         b.part(sdRoundBox(p - V2{0, -0.55f}, {0.13f, 0.09f}, 0.04f), 0.06f, 0.04f, darkSteel());
         b.part(sdRoundBox(p - V2{0, -0.64f}, {0.08f, 0.035f}, 0.02f), 0.05f, 0.02f, nozzle());
         b.part(sdEllipse(p - V2{0, 0.38f}, 0.065f, 0.17f), 0.12f, 0.06f, enemyGlass());
@@ -77,14 +81,17 @@ EnemyArt fighter2()
         HullBuilder b(p);
         V2 m = mirrorX(p);
         b.part(sdPolygon(p, wing), 0.0f, 0.05f, crimson());
+        b.plating({0.2f, 0.15f}, 0.006f, 0.08f);
         b.seam(sdSegment(m, {0.3f, -0.05f}, {0.8f, 0.25f}), 0.01f);
         b.seam(sdSegment(m, {0.45f, -0.3f}, {0.62f, 0.15f}), 0.01f);
         b.paint(sdSegment(m, {0.55f, 0.2f}, {0.85f, 0.26f}, 0.02f), rust().albedo, 0.006f);
         b.part(sdSegment(m, {0.86f, 0.2f}, {0.86f, 0.56f}, 0.028f), 0.03f, 0.03f, darkSteel());
         b.part(sdSegment(m, {0.31f, 0.16f}, {0.31f, -0.58f}, 0.1f), 0.03f, 0.11f, steel());
+        b.part(sdCircle(m - V2{0.31f, 0.17f}, 0.06f), 0.08f, 0.03f, darkSteel());
         b.seam(std::fabs(m.y + 0.2f) + (std::fabs(m.x - 0.31f) > 0.09f ? 1.0f : 0.0f), 0.01f);
         b.part(sdRoundBox(m - V2{0.31f, -0.64f}, {0.08f, 0.05f}, 0.03f), 0.05f, 0.03f, nozzle());
         b.part(sdPolygon(p, body), 0.05f, 0.14f, darkSteel());
+        b.plating({0.6f, 0.18f}, 0.006f, 0.08f);
         b.paint(sdBox(p - V2{0, 0.05f}, {0.05f, 0.35f}), crimson().albedo, 0.01f);
         b.seam(sdBox(p - V2{0, -0.1f}, {0.14f, 0.25f}), 0.01f);
         b.part(sdEllipse(p - V2{0, 0.45f}, 0.08f, 0.17f), 0.13f, 0.06f, enemyGlass());
@@ -109,14 +116,20 @@ EnemyArt hammerhead()
         HullBuilder b(p);
         V2 m = mirrorX(p);
         b.part(sdRoundBox(m - V2{0.42f, -0.28f}, {0.13f, 0.3f}, 0.07f), 0.02f, 0.07f, crimson());
+        b.plating({1.0f, 0.15f}, 0.006f, 0.1f);
         b.seam(std::fabs(m.y + 0.28f) + (std::fabs(m.x - 0.42f) > 0.12f ? 1.0f : 0.0f), 0.01f);
         b.part(sdRoundBox(m - V2{0.42f, -0.6f}, {0.075f, 0.04f}, 0.02f), 0.05f, 0.02f, nozzle());
         b.part(sdPolygon(p, neck), 0.04f, 0.16f, darkSteel());
+        b.plating({0.6f, 0.16f}, 0.006f, 0.08f);
         b.seam(sdBox(p - V2{0, -0.1f}, {0.16f, 0.4f}), 0.01f);
         b.paint(sdBox(p - V2{0, -0.1f}, {0.04f, 0.4f}), crimson().albedo, 0.01f);
+        for (int i = 0; i < 4; ++i)
+            b.paint(sdRoundBox(m - V2{0.11f, 0.28f - i * 0.07f}, {0.035f, 0.014f}, 0.007f), V3{0.06f, 0.06f, 0.07f}, 0.004f);
         b.part(sdRoundBox(p - V2{0, -0.66f}, {0.1f, 0.045f}, 0.02f), 0.06f, 0.02f, nozzle());
         float head = smoothUnion(sdRoundBox(p - V2{0, 0.6f}, {0.8f, 0.12f}, 0.1f), sdCircle(m - V2{0.78f, 0.6f}, 0.17f), 0.06f);
         b.part(head, 0.06f, 0.12f, crimson());
+        b.plating({0.14f, 1.0f}, 0.0f, 0.08f);
+        b.paint(sdSegment(m, {0.3f, 0.69f}, {0.6f, 0.69f}, 0.012f), rust().albedo, 0.004f);
         b.seam(std::fabs(m.x - 0.5f) + (std::fabs(p.y - 0.6f) > 0.11f ? 1.0f : 0.0f), 0.01f);
         b.seam(std::fabs(m.x - 0.22f) + (std::fabs(p.y - 0.6f) > 0.11f ? 1.0f : 0.0f), 0.01f);
         b.part(sdCircle(m - V2{0.78f, 0.6f}, 0.085f), 0.14f, 0.05f, enemyEye());

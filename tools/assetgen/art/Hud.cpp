@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/Sdf.h"
+#include "text/Label.h"
 
 namespace assetgen {
 
@@ -15,12 +16,19 @@ const V3 kGlass{0.03f, 0.03f, 0.08f};
 const V3 kLine{0.55f, 0.5f, 1.0f};
 const V3 kLineDim{0.3f, 0.28f, 0.6f};
 constexpr float kGlassAlpha = 0.62f;
+const V3 kSheen{0.7f, 0.7f, 1.0f};
+constexpr float kSheenAlpha = 0.04f;
+constexpr float kBloom = 5.0f;       // texels of light round the bright lines
+constexpr float kBloomAlpha = 0.3f;
 
-// One layer of a panel: a shape (distance in texels) and how it is painted.
+// One layer of a panel: a shape (distance in texels) and how it is painted. A soft layer
+// fades out over `soft` texels outside its shape instead of ending sharply: the light
+// that bleeds round bright lines.
 struct Layer {
     std::function<float(V2)> shape;
     V3 colour;
     float alpha;
+    float soft = 0;
 };
 
 Canvas paint(int w, int h, const std::vector<Layer>& layers)
@@ -34,7 +42,8 @@ Canvas paint(int w, int h, const std::vector<Layer>& layers)
                     V2 p{x + 0.25f + 0.5f * sx, y + 0.25f + 0.5f * sy};
                     Px px;
                     for (const Layer& l : layers) {
-                        float cov = coverage(l.shape(p), 0.5f);
+                        float d = l.shape(p);
+                        float cov = l.soft > 0 ? std::exp(-std::pow(std::max(d, 0.0f) / l.soft, 2.0f)) : coverage(d, 0.5f);
                         if (cov > 0)
                             px = over(solid(l.colour, l.alpha * cov), px);
                     }
@@ -110,8 +119,10 @@ Canvas scorePanel()
             d = std::min(d, sdRoundBox(p - V2{262.0f + i * 24, 22}, {8, 3}, 2));
         return d;
     };
-    return paint(400, 120, {glass(plate), {stroke(plate, 2.0f), kLine, 0.95f},
-                            {stroke(inner, 0.8f), kLineDim, 0.7f}, {chevrons, kLine, 0.8f}, {lamps, kLineDim, 0.9f}});
+    auto sheen = [plate](V2 p) { return std::max(plate(p), p.y - 46); };
+    return paint(400, 120, {glass(plate), {sheen, kSheen, kSheenAlpha}, {stroke(plate, 2.0f), kLine, kBloomAlpha, kBloom},
+                            {stroke(plate, 2.0f), kLine, 0.95f}, {stroke(inner, 0.8f), kLineDim, 0.7f},
+                            {chevrons, kLine, kBloomAlpha, kBloom}, {chevrons, kLine, 0.8f}, {lamps, kLineDim, 0.9f}});
 }
 
 const V2 kDialA{96, 92}, kDialB{214, 92};
@@ -136,10 +147,18 @@ Canvas weaponPanel()
     };
     auto hubs = [](V2 p) { return std::min(sdCircle(p - kDialA, 6), sdCircle(p - kDialB, 6)); };
     auto reserve = [](V2 p) { return sdRoundBox(p - V2{336, 104}, {46, 24}, 6); };
-    return paint(400, 160, {glass(plate), {stroke(plate, 2.0f), kLine, 0.95f},
-                            {dials, V3{0.01f, 0.01f, 0.03f}, 0.55f}, {dialRims, kLine, 0.9f},
-                            {dialTicks, kLineDim, 0.9f}, {barShapes, kLineDim, 0.45f}, {hubs, kLine, 0.9f},
-                            {stroke(reserve, 1.5f), kLine, 0.9f}});
+    auto sheen = [plate](V2 p) { return std::max(plate(p), p.y - 70); };
+    Canvas panel = paint(400, 160, {glass(plate), {sheen, kSheen, kSheenAlpha}, {stroke(plate, 2.0f), kLine, kBloomAlpha, kBloom},
+                                    {stroke(plate, 2.0f), kLine, 0.95f}, {dials, V3{0.01f, 0.01f, 0.03f}, 0.55f},
+                                    {dialRims, kLine, kBloomAlpha, kBloom}, {dialRims, kLine, 0.9f},
+                                    {dialTicks, kLineDim, 0.9f}, {barShapes, kLineDim, 0.45f}, {hubs, kLine, 0.9f},
+                                    {stroke(reserve, 1.5f), kLine, 0.9f}});
+    // Engraved names: in each dial's open bottom, and over the reserve window.
+    const int labelSize = 12;
+    for (auto [name, centre] : {std::pair{"PLASMA", kDialA}, {"LASER", kDialB}})
+        drawLabel(panel, name, centre.x - labelWidth(name, labelSize, 1) / 2, centre.y + 33, labelSize, kLineDim, 0.95f, 1);
+    drawLabel(panel, "RESERVE", 336 - labelWidth("RESERVE", labelSize, 1) / 2, 72, labelSize, kLineDim, 0.95f, 1);
+    return panel;
 }
 
 const V2 kRadarCentre{256, 256};
@@ -161,9 +180,27 @@ Canvas radarPanel()
     auto minorTicks = [](V2 p) { return ticks(p, kRadarCentre, 72, kRadarRadius + 4, kRadarRadius + 12, 1.0f); };
     auto majorTicks = [](V2 p) { return ticks(p, kRadarCentre, 12, kRadarRadius - 2, kRadarRadius + 18, 2.0f); };
     auto centre = [](V2 p) { return sdRing(p - kRadarCentre, 8, 2); };
-    return paint(512, 512, {{bezel, V3{0.08f, 0.08f, 0.16f}, 0.85f}, {stroke(bezel, 1.5f), kLine, 0.9f},
-                            {disc, kGlass, kGlassAlpha}, {rings, kLineDim, 0.75f}, {cross, kLineDim, 0.55f},
-                            {minorTicks, kLineDim, 0.9f}, {majorTicks, kLine, 0.95f}, {centre, kLine, 0.9f}});
+    // A still sweep: a wedge of light trailing behind the beam's last position.
+    constexpr float kSweepFrom = 230, kSweepSpan = 70;
+    auto sweepBeam = [](V2 p) {
+        V2 q = p - kRadarCentre;
+        float a = (kSweepFrom + kSweepSpan) * kPi / 180;
+        return sdSegment(q, {0, 0}, V2{std::cos(a), std::sin(a)} * (kRadarRadius - 4), 1.0f);
+    };
+    Canvas panel = paint(512, 512, {{bezel, V3{0.08f, 0.08f, 0.16f}, 0.85f}, {stroke(bezel, 1.5f), kLine, kBloomAlpha, kBloom},
+                                    {stroke(bezel, 1.5f), kLine, 0.9f}, {disc, kGlass, kGlassAlpha},
+                                    {rings, kLineDim, 0.75f}, {cross, kLineDim, 0.55f}, {sweepBeam, kLine, 0.8f},
+                                    {minorTicks, kLineDim, 0.9f}, {majorTicks, kLine, 0.95f}, {centre, kLine, 0.9f}});
+    for (int y = 0; y < 512; ++y)
+        for (int x = 0; x < 512; ++x) {
+            V2 q = V2{x + 0.5f, y + 0.5f} - kRadarCentre;
+            float rel = anglePast(q, kSweepFrom);
+            if (rel > kSweepSpan || length(q) > kRadarRadius - 2)
+                continue;
+            float t = rel / kSweepSpan;
+            panel.at(x, y) = over(solid(kLine, 0.22f * t * t), panel.at(x, y));
+        }
+    return panel;
 }
 
 } // namespace

@@ -14,6 +14,9 @@ const V3 kLight = normalize({-0.45f, 0.5f, 0.74f});
 const V3 kSpace{0.16f, 0.17f, 0.26f};   // ambient from the cool sky
 const V3 kSun{1.0f, 0.96f, 0.9f};
 constexpr int kSubsamples = 3;          // per axis
+constexpr float kOcclusionReach = 1.0f / 50;   // blur of the height field, in picture widths
+constexpr float kOcclusionStrength = 10.0f;    // darkening per unit of height below the surroundings
+constexpr float kOcclusionFloor = 0.45f;
 
 struct Shaded {
     Px body;
@@ -50,6 +53,7 @@ V3 shade(const HullSample& s, V3 n)
 void HullBuilder::part(float d, float base, float bevel, const Material& m)
 {
     s_.dist = std::min(s_.dist, d);
+    inLastPart_ = d < 0;
     if (d >= 0)
         return;
     s_.height = std::max(s_.height, base + bevelProfile(d, bevel));
@@ -74,6 +78,25 @@ void HullBuilder::paint(float d, V3 colour, float softness)
     s_.mat.albedo = mix(s_.mat.albedo, colour, t);
 }
 
+void HullBuilder::plating(V2 cell, float seamWidth, float variation)
+{
+    if (!inLastPart_)
+        return;
+    V2 m = mirrorX(p_);
+    float gx = m.x / cell.x, gy = m.y / cell.y;
+    float dx = std::fabs(gx - std::round(gx)) * cell.x, dy = std::fabs(gy - std::round(gy)) * cell.y;
+    if (seamWidth > 0)
+        seam(std::min(dx, dy), seamWidth);
+    // A small integer hash of the plate picks its shade.
+    uint32_t h = static_cast<uint32_t>(static_cast<int>(std::floor(gx)) * 73856093) ^
+                 static_cast<uint32_t>(static_cast<int>(std::floor(gy)) * 19349663);
+    h ^= h >> 13;
+    h *= 0x5bd1e995u;
+    h ^= h >> 15;
+    float shade = 1 + variation * ((h & 1023) / 511.5f - 1);
+    s_.mat.albedo = s_.mat.albedo * shade;
+}
+
 HullPictures renderHull(int size, const HullDesign& design, const LightDesign& extraLight, const HullStyle& style)
 {
     HullPictures out{Canvas(size, size), Canvas(size, size)};
@@ -81,6 +104,16 @@ HullPictures renderHull(int size, const HullDesign& design, const LightDesign& e
     Noise grime(style.grimeSeed);
     const float pixel = 2.0f / size;
     const float sub = pixel / kSubsamples;
+    // Ambient occlusion: a surface lying below its surroundings (a wing root beside the
+    // fuselage, a nozzle in its housing) gets less of the sky's light.
+    Canvas heights(size, size);
+    for (int y = 0; y < size; ++y)
+        for (int x = 0; x < size; ++x) {
+            HullSample s = design({-1 + (x + 0.5f) * pixel, 1 - (y + 0.5f) * pixel});
+            heights.at(x, y).r = s.dist < 0 ? s.height : 0;
+        }
+    Canvas surroundings = heights;
+    surroundings.blur(size * kOcclusionReach);
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x) {
             Px body;
@@ -105,7 +138,9 @@ HullPictures renderHull(int size, const HullDesign& design, const LightDesign& e
                     rim = rim + style.rimLight * (band * cov * (0.4f + 0.6f * (1 - n.z)));
                 }
             float inv = 1.0f / (kSubsamples * kSubsamples);
-            out.body.at(x, y) = body * inv;
+            float occlusion = std::max(kOcclusionFloor, 1 - kOcclusionStrength * std::max(0.0f, surroundings.at(x, y).r - heights.at(x, y).r));
+            Px shaded = body * inv;
+            out.body.at(x, y) = {shaded.r * occlusion, shaded.g * occlusion, shaded.b * occlusion, shaded.a};
             emission.at(x, y) = solid(emit * inv, 1);
             out.glow.addLight(x, y, rim * (inv * style.rimStrength));
         }

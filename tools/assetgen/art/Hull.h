@@ -34,14 +34,18 @@ public:
     void part(float d, float base, float bevel, const Material& m);
     // A recessed line (panel seam) along the zero set of d, width in picture units.
     void seam(float d, float width);
-    // Dims the surface where d < 0 (painted markings, vents) by the given factor.
+    // Paints a marking of the given colour where d < 0, with soft edges.
     void paint(float d, V3 colour, float softness);
+    // Cuts the part added last into plates of the given size, mirrored about the centre
+    // line, each a little lighter or darker than its neighbours.
+    void plating(V2 cell, float seamWidth, float variation);
     const HullSample& sample() const { return s_; }
     V2 p() const { return p_; }
 
 private:
     V2 p_;
     HullSample s_;
+    bool inLastPart_ = false;
 };
 
 using HullDesign = std::function<HullSample(V2)>;

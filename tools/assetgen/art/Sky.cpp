@@ -15,8 +15,8 @@ constexpr uint64_t kNebulaSeed = 0x4e45425541ull;
 constexpr uint64_t kStarSeed = 0x53544152ull;
 constexpr int kStars = 9000;
 constexpr int kDriftStep = 3;  // texels between samples of the slow fields; divides 1023
-constexpr float kCloudLight = 0.38f;
-constexpr float kFilamentLight = 0.5f;
+constexpr float kCloudLight = 0.55f;
+constexpr float kFilamentLight = 0.7f;
 
 const V3 kDeepSpace{0.006f, 0.007f, 0.018f};
 const V3 kViolet{0.36f, 0.11f, 0.52f};
