@@ -67,13 +67,15 @@ HullSample hull(V2 p)
         V2 q = rotate(p, i * kPi / 3);
         b.seam(std::fabs(q.x) + (q.y < 0.3f ? 1.0f : 0.0f), 0.012f);
     }
-    b.paint(sdRoundBox(p - V2{0, -0.36f}, {0.12f, 0.035f}, 0.02f), indigo().albedo, 0.01f);
-    b.part(sdPolygon(m, {{0.0f, 0.6f}, {0.2f, 0.38f}, {0.12f, 0.3f}, {0.0f, 0.42f}}), 0.1f, 0.04f, violetHull());
-    b.part(sdCircle(m - V2{0.33f, -0.12f}, 0.085f), 0.1f, 0.05f, violetHull());
-    Material lamp = paleHull();
-    lamp.emit = kPlayerLight * 0.7f;
-    b.part(sdCircle(m - V2{0.33f, -0.12f}, 0.03f), 0.16f, 0.02f, lamp);
-    b.part(sdEllipse(p - V2{0, 0.1f}, 0.14f, 0.2f), 0.18f, 0.08f, playerGlass());
+    // A raised spine runs from the canopy to the stern, and strakes with light strips
+    // line both flanks: the craft reads as pointing forward.
+    b.part(sdSegment(p, {0, -0.02f}, {0, -0.47f}, 0.05f), 0.12f, 0.04f, violetHull());
+    b.part(sdSegment(m, {0.4f, 0.16f}, {0.36f, -0.24f}, 0.045f), 0.08f, 0.04f, violetHull());
+    Material strip = paleHull();
+    strip.emit = kPlayerLight * 0.7f;
+    b.part(sdSegment(m, {0.4f, 0.1f}, {0.37f, -0.18f}, 0.014f), 0.12f, 0.01f, strip);
+    b.part(sdPolygon(m, {{0.0f, 0.6f}, {0.16f, 0.42f}, {0.1f, 0.36f}, {0.0f, 0.46f}}), 0.1f, 0.04f, violetHull());
+    b.part(sdEllipse(p - V2{0, 0.13f}, 0.12f, 0.22f), 0.18f, 0.08f, playerGlass());
     return b.sample();
 }
 
