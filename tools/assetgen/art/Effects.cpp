@@ -71,14 +71,19 @@ void makeLaser(AssetSink& sink)
 
 void makeReticle(AssetSink& sink)
 {
+    // A ring broken where four ticks point at the centre, a dot, and four corner brackets.
     auto shape = [](V2 p) {
-        float d = sdRing(p, 0.55f, 0.045f);
+        float a = std::atan2(p.y, p.x);
+        float fromAxis = std::fabs(a - (kPi / 2) * std::round(a / (kPi / 2)));
+        float ring = fromAxis < 0.26f ? 1e9f : sdRing(p, 0.52f, 0.045f);
+        float fromDiagonal = std::fabs(a - kPi / 4 - (kPi / 2) * std::round((a - kPi / 4) / (kPi / 2)));
+        float brackets = fromDiagonal > 0.32f ? 1e9f : sdRing(p, 0.82f, 0.05f);
+        float d = opUnion(ring, brackets);
         for (int i = 0; i < 4; ++i) {
             V2 q = rotate(p, i * kPi / 2);
-            d = opUnion(d, sdSegment(q, {0, 0.68f}, {0, 0.92f}, 0.05f));
-            d = opUnion(d, sdSegment(q, {0.1f, 0.3f}, {0.0f, 0.36f}, 0.03f));
+            d = opUnion(d, sdSegment(q, {0, 0.26f}, {0, 0.66f}, 0.045f));
         }
-        return opUnion(d, sdCircle(p, 0.06f));
+        return opUnion(d, sdCircle(p, 0.07f));
     };
     Canvas mark(kReticleSize, kReticleSize);
     float pixel = 2.0f / kReticleSize;

@@ -94,8 +94,10 @@ void gameSection(Sheet& s, int& y)
     const View views[] = {{{0.7f, 0.6f, -0.7f}, {0, 1, 0}},  {{-0.7f, -0.6f, 0.7f}, {0, 1, 0}},
                           {{-0.7f, 0.6f, 0.7f}, {0, 1, 0}},  {{0.7f, -0.6f, -0.7f}, {0, 1, 0}},
                           {{1.0f, 0.0f, 1.0f}, {0, 1, 0}},   {{0.0f, 1.0f, -0.02f}, {0, 0, -1}}};
-    for (int i = 0; i < 6; ++i) {
-        int vx = x0 + (i % 3) * 405, vy = y + 30 + (i / 3) * 340;
+    // Five views, the last two beside the unfolded cross.
+    for (int i = 0; i < 5; ++i) {
+        int slot = i < 3 ? i : i + 1;
+        int vx = x0 + (slot % 3) * 405, vy = y + 30 + (slot / 3) * 340;
         Compositor view(400, 330, {0, 0, 0});
         SkyCamera cam;
         cam.forward = views[i].forward;
@@ -103,6 +105,23 @@ void gameSection(Sheet& s, int& y)
         cam.fovDeg = 80;
         renderSky(view, 0, 0, 400, 330, faces, cam, 3.0f);
         s.out().paste(view, vx, vy);
+    }
+    // The cross: top above front, then left, front, right, back, then bottom below front.
+    const int face = 98;
+    const int cx = x0, cy = y + 30 + 340 + 10;
+    const struct {
+        CubeFace face;
+        int column, row;
+    } cross[] = {{CubeFace::Top, 1, 0},   {CubeFace::Left, 0, 1},  {CubeFace::Front, 1, 1},
+                 {CubeFace::Right, 2, 1}, {CubeFace::Back, 3, 1},  {CubeFace::Bottom, 1, 2}};
+    for (const auto& c : cross) {
+        Quad q;
+        q.width = q.height = static_cast<float>(face);
+        q.cx = cx + c.column * face + face / 2.0f;
+        q.cy = cy + c.row * face + face / 2.0f;
+        q.blend = Blend::Add;
+        q.tint = {3, 3, 3};
+        s.out().draw(pictureOf(s.sink(), faceName(c.face)), q);
     }
 }
 
