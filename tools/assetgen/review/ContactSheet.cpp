@@ -225,7 +225,7 @@ void asDrawnSection(Sheet& s, int& y)
 void fontSection(Sheet& s, int& y)
 {
     s.heading("Fonts at the sizes the game uses, over the sky", y);
-    Compositor back = skyTile(s.sink(), kSheetWidth - 2 * kMargin, 330, 0.8f);
+    Compositor back = skyTile(s.sink(), kSheetWidth - 2 * kMargin, 350, 0.8f);
     const Picture& huge = s.pic("hugefont");
     const Picture& med = s.pic("medfont");
     const Picture& small = s.pic("smallfont");
@@ -242,11 +242,21 @@ void fontSection(Sheet& s, int& y)
               static_cast<float>(small.height / 16));
     back.text(mini, "minifont: Wave 3 incoming  Energy: 350  Game Over  0123456789 +-=.')", 10, 245,
               static_cast<float>(mini.height / 16));
-    back.text(huge, "Game Over", 1000, 10, 32);
+    // The logo at its own size, and the head of the title notice as the game sets it.
+    const Picture& logo = s.pic("title");
+    Quad q;
+    q.width = static_cast<float>(logo.width);
+    q.height = static_cast<float>(logo.height);
+    q.cx = 1330 + logo.width / 2.0f;
+    q.cy = 10 + logo.height / 2.0f;
+    back.draw(logo, q);
+    const float line = static_cast<float>(med.height / 16);
+    for (const char* title : {"Kelvane", "==========="})
+        back.text(med, title, 1842 - Compositor::textWidth(med, title, line) / 2, title[0] == 'K' ? 262.0f : 262 + line + 9, line);
     back.text(med, "Upgrade +40  Extra score  Hull restored  Speed boost  Free MegaNuke", 10, 280, 16,
               {0.1f, 1.0f, 0.15f});
     s.out().paste(back, kMargin, y);
-    y += 330 + 20;
+    y += 350 + 20;
 }
 
 void picturesSection(Sheet& s, int& y)
