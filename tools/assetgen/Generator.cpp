@@ -50,8 +50,8 @@ std::vector<Job> allJobs()
     jobs.push_back({"player", makePlayer});
     jobs.push_back({"hud", makeHud});
     jobs.push_back({"title", makeLogo});
-    for (const FontSpec& spec : fontSpecs())
-        jobs.push_back({spec.name, [spec](AssetSink& sink) { makeFont(sink, spec); }});
+    for (const FontStyle& style : fontStyles())
+        jobs.push_back({style.name, [style](AssetSink& sink) { makeFont(sink, style); }});
     jobs.push_back({"effects", [](AssetSink& sink) {
                         makeStar(sink);
                         makePlasmaBullet(sink);

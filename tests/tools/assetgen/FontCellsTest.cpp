@@ -84,6 +84,24 @@ TEST(FontCells, PrintedCharactersHaveInkAndSpaceHasNone)
     }
 }
 
+TEST(FontCells, CellBordersStayEmpty)
+{
+    // Linear filtering reads half a texel past a cell's edge: ink there would show as a
+    // sliver of the neighbouring character.
+    for (const char* name : kFonts) {
+        Rgba font = loadPng(gfxPath(name));
+        ASSERT_TRUE(font.valid()) << name;
+        const int cw = font.width / 16, ch = font.height / 16;
+        int inked = 0;
+        for (int y = 0; y < font.height; ++y)
+            for (int x = 0; x < font.width; ++x) {
+                bool border = x % cw == 0 || x % cw == cw - 1 || y % ch == 0 || y % ch == ch - 1;
+                inked += border && font.alpha(x, y) > 0;
+            }
+        EXPECT_EQ(inked, 0) << name;
+    }
+}
+
 TEST(FontCells, TitleNoticeFitsTheWindowInTheMediumFont)
 {
     Rgba font = loadPng(gfxPath("medfont"));

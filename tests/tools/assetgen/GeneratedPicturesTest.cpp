@@ -37,7 +37,7 @@ const Expected kPictures[] = {
     {"enemy_probe3", 224, 224}, {"enemy_probe3_glow", 224, 224},
     {"hud_radar_dials", 512, 512}, {"hud_radar_mask", 512, 512}, {"hud_bars_mask", 400, 160},
     {"hud_score", 400, 120}, {"hud_power_dials", 400, 160},
-    {"hugefont", 576, 1024}, {"medfont", 288, 512}, {"smallfont", 192, 320}, {"minifont", 128, 208},
+    {"hugefont", 576, 1024}, {"medfont", 288, 512}, {"smallfont", 192, 352}, {"minifont", 144, 256},
 };
 
 const char* const kEnemies[] = {"enemy_fighter", "enemy_fighter2", "enemy_hammerhead",

@@ -34,9 +34,9 @@ V3 shade(const HullSample& s, V3 n)
     const Material& m = s.mat;
     float diffuse = std::max(0.0f, dot(n, kLight));
     V3 h = normalize(kLight + V3{0, 0, 1});
-    float spec = std::pow(std::max(0.0f, dot(n, h)), 28.0f) * m.gloss;
+    float specular = std::pow(std::max(0.0f, dot(n, h)), 28.0f) * m.gloss;
     float up = 0.5f + 0.5f * n.z;
-    V3 c = m.albedo * (kSpace * (0.6f + 0.8f * up) + kSun * (diffuse * 0.95f)) + kSun * spec;
+    V3 c = m.albedo * (kSpace * (0.6f + 0.8f * up) + kSun * (diffuse * 0.95f)) + kSun * specular;
     if (m.glass > 0) {
         // Glass: dark tint, a sky reflection rising toward the edges, one sharp highlight.
         float fres = std::pow(1 - std::max(0.0f, n.z), 2.0f);

@@ -63,8 +63,8 @@ void makeLogo(AssetSink& sink)
             float t = static_cast<float>(y - kHeight * 0.25f) / (kHeight * 0.5f);
             V3 fill = mix(V3{0.92f, 0.9f, 1.0f}, V3{0.42f, 0.28f, 0.92f}, clamp01(t));
             float diffuse = std::max(0.0f, dot(n, light));
-            float spec = std::pow(std::max(0.0f, dot(n, normalize(light + V3{0, 0, 1}))), 24.0f);
-            V3 c = fill * (0.55f + 0.55f * diffuse) + V3{1, 1, 1} * (spec * 0.6f);
+            float specular = std::pow(std::max(0.0f, dot(n, normalize(light + V3{0, 0, 1}))), 24.0f);
+            V3 c = fill * (0.55f + 0.55f * diffuse) + V3{1, 1, 1} * (specular * 0.6f);
             float letter = cov.at(x, y).r;
             float rim = clamp01(edge.at(x, y).r * 3.0f);
             float glow = clamp01(halo.at(x, y).r * 1.6f);

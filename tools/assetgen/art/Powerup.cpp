@@ -29,7 +29,7 @@ float emblem(V2 p)
 struct Hit {
     bool hit = false;
     V3 colour;
-    float spec = 0;
+    float specular = 0;
 };
 
 // Orthographic ray along -z through (x, y) at spin angle a about the vertical axis.
@@ -98,8 +98,8 @@ Hit trace(float x, float y, float a)
     }
     float diffuse = std::max(0.0f, dot(n, kLight));
     V3 half = normalize(kLight + V3{0, 0, 1});
-    h.spec = std::pow(std::max(0.0f, dot(n, half)), 30.0f);
-    h.colour = albedo * (0.3f + 0.9f * diffuse) + V3{0.8f, 1.0f, 0.85f} * (h.spec * 0.9f);
+    h.specular = std::pow(std::max(0.0f, dot(n, half)), 30.0f);
+    h.colour = albedo * (0.3f + 0.9f * diffuse) + V3{0.8f, 1.0f, 0.85f} * (h.specular * 0.9f);
     return h;
 }
 
@@ -124,7 +124,7 @@ void makePowerup(AssetSink& sink)
                         Hit h = trace(u, v, a);
                         if (h.hit) {
                             acc = acc + solid(h.colour, 1);
-                            flash = std::max(flash, h.spec);
+                            flash = std::max(flash, h.specular);
                         }
                     }
                 sheet.at(ox + x, oy + y) = acc * (1.0f / (kSubsamples * kSubsamples));

@@ -230,9 +230,9 @@ void drums(Mix& mix, int bar, WhiteNoise& noise)
         for (int e = 0; e < 8; ++e) {
             bool off = e % 2 == 1;
             if (off)
-                hat(mix, beatPos(bar, e * 0.5f), 0.05f, e == 7 ? 0.12f : 0.035f, noise);
+                hat(mix, beatPos(bar, e * 0.5f), 0.075f, e == 7 ? 0.12f : 0.035f, noise);
             else if (backbeat)
-                hat(mix, beatPos(bar, e * 0.5f), 0.025f, 0.025f, noise);
+                hat(mix, beatPos(bar, e * 0.5f), 0.035f, 0.025f, noise);
         }
 }
 

@@ -30,10 +30,10 @@ FontFace::~FontFace()
         FT_Done_FreeType(library_);
 }
 
-void FontFace::setPixelSize(int emPixels)
+void FontFace::setPixelSize(int emWidth, int emHeight)
 {
     if (face_)
-        FT_Set_Pixel_Sizes(face_, 0, emPixels);
+        FT_Set_Pixel_Sizes(face_, static_cast<FT_UInt>(emWidth), static_cast<FT_UInt>(emHeight));
 }
 
 float FontFace::ascender() const { return face_ ? face_->size->metrics.ascender / 64.0f : 0; }

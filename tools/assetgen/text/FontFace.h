@@ -28,7 +28,9 @@ public:
     FontFace& operator=(const FontFace&) = delete;
 
     bool ok() const { return face_ != nullptr; }
-    void setPixelSize(int emPixels);
+    void setPixelSize(int emPixels) { setPixelSize(emPixels, emPixels); }
+    // A face stretched or narrowed: em width and em height in pixels.
+    void setPixelSize(int emWidth, int emHeight);
     float ascender() const;    // pixels above the baseline at the current size
     float descender() const;   // pixels below it, positive
     float advance(uint32_t code);
