@@ -155,3 +155,30 @@ TEST(GeneratedPictures, LaserTilesAlongItsLength)
     EXPECT_LT(laser.alpha(laser.width / 2, 0), 16);
     EXPECT_LT(laser.alpha(laser.width / 2, laser.height - 1), 16);
 }
+
+TEST(GeneratedPictures, LightFadesOutBeforeTheBorder)
+{
+    // Anything still lit at a picture's border would end in a hard line when drawn.
+    const char* const lights[] = {"enemy_fighter_glow", "enemy_fighter2_glow", "enemy_hammerhead_glow",
+                                  "enemy_probe_glow",   "enemy_probe2_glow",   "enemy_probe3_glow",
+                                  "player_glow_bot",    "player_glow_top",     "reticle_glow",
+                                  "plasmabullet",       "star"};
+    for (const char* name : lights) {
+        Rgba pic = loadPng(gfxPath(name));
+        ASSERT_TRUE(pic.valid()) << name;
+        int lit = 0;
+        for (int x = 0; x < pic.width; ++x)
+            lit += pic.alpha(x, 0) > 0 || pic.alpha(x, pic.height - 1) > 0;
+        for (int y = 0; y < pic.height; ++y)
+            lit += pic.alpha(0, y) > 0 || pic.alpha(pic.width - 1, y) > 0;
+        EXPECT_EQ(lit, 0) << name;
+    }
+    // The token's halo stays inside each of its 64-pixel frames.
+    Rgba sheet = loadPng(gfxPath("powerup_glow_anim"));
+    ASSERT_TRUE(sheet.valid());
+    int lit = 0;
+    for (int y = 0; y < sheet.height; ++y)
+        for (int x = 0; x < sheet.width; ++x)
+            lit += (x % 64 == 0 || x % 64 == 63 || y % 64 == 0 || y % 64 == 63) && sheet.alpha(x, y) > 0;
+    EXPECT_EQ(lit, 0);
+}

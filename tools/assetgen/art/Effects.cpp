@@ -27,7 +27,7 @@ Canvas lightField(int w, int h, F light)
 }
 
 // Falls to exactly zero at the picture's border, so scaled-down edges stay soft.
-float edgeFade(float u, float v) { return smoothstep(1.0f, 0.8f, std::fabs(u)) * smoothstep(1.0f, 0.75f, std::fabs(v)); }
+float edgeFade(float u, float v) { return smoothstep(0.95f, 0.75f, std::fabs(u)) * smoothstep(0.9f, 0.7f, std::fabs(v)); }
 
 } // namespace
 

@@ -151,7 +151,9 @@ HullPictures renderHull(int size, const HullDesign& design, const LightDesign& e
             const Px& e = emission.at(x, y);
             const Px& h = halo.at(x, y);
             V2 p{-1 + (x + 0.5f) * pixel, 1 - (y + 0.5f) * pixel};
-            V3 free = extraLight ? extraLight(p) : V3{};
+            // Free light fades out before the picture's border, so nothing is cut off there.
+            float window = smoothstep(1.0f, 0.88f, std::fabs(p.x)) * smoothstep(1.0f, 0.88f, std::fabs(p.y));
+            V3 free = extraLight ? extraLight(p) * window : V3{};
             out.glow.addLight(x, y, V3{e.r + 1.6f * h.r, e.g + 1.6f * h.g, e.b + 1.6f * h.b} * 0.8f + free);
         }
     out.glow.lightToAlpha();
@@ -169,8 +171,10 @@ V3 lightFlame(V2 p, V2 c, V2 dir, float w, float len, float strength)
     V2 d = p - c;
     float along = dot(d, dir);
     float across = d.x * dir.y - d.y * dir.x;
+    // A wide soft bloom round the nozzle, warm orange.
+    V3 bloom = V3{1.0f, 0.38f, 0.1f} * (0.3f * strength * std::exp(-dot(d, d) / (2 * 6.0f * w * w)));
     if (along < -w * 2)
-        return {};
+        return bloom;
     float t = std::max(0.0f, along) / len;
     float width = w * (1.0f - 0.65f * std::min(t, 1.0f)) + 1e-4f;
     float core = std::exp(-(across * across) / (2 * width * width * 0.25f)) * std::exp(-t * t * 3.0f);
@@ -182,7 +186,7 @@ V3 lightFlame(V2 p, V2 c, V2 dir, float w, float len, float strength)
     }
     V3 hot{1.0f, 0.92f, 0.7f}, orange{1.0f, 0.42f, 0.08f}, red{0.75f, 0.08f, 0.03f};
     V3 tint = t < 0.3f ? mix(hot, orange, t / 0.3f) : mix(orange, red, std::min(1.0f, (t - 0.3f) / 0.7f));
-    return (hot * core * 0.9f + tint * plume * 0.7f) * strength;
+    return (hot * core * 0.9f + tint * plume * 0.7f) * strength + bloom;
 }
 
 } // namespace assetgen

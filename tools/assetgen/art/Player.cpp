@@ -95,7 +95,7 @@ V3 topHalo(V2 p)
 {
     // Drawn 72 pixels across over a 64-pixel craft: the rim of the craft is at 0.89.
     float r = length(p);
-    float halo = std::exp(-std::pow((r - 0.86f) / 0.13f, 2.0f));
+    float halo = std::exp(-std::pow((r - 0.84f) / 0.08f, 2.0f));
     V3 light = kPlayerLight * (halo * 0.55f);
     light = light + lightDot(p, {0, 0.09f}, 0.09f, V3{0.4f, 0.55f, 1.0f} * 0.5f);
     for (int i = 0; i < 4; ++i)
@@ -109,7 +109,11 @@ Canvas lightPicture(int size, V3 (*light)(V2))
     float pixel = 2.0f / size;
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x)
-            c.addLight(x, y, light({-1 + (x + 0.5f) * pixel, 1 - (y + 0.5f) * pixel}));
+        {
+            V2 p{-1 + (x + 0.5f) * pixel, 1 - (y + 0.5f) * pixel};
+            // Halos fade to nothing before the picture's border.
+            c.addLight(x, y, light(p) * smoothstep(1.0f, 0.9f, length(p)));
+        }
     c.lightToAlpha();
     return c;
 }

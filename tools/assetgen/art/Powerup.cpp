@@ -136,7 +136,7 @@ void makePowerup(AssetSink& sink)
                 float u = -1 + (x + 0.5f) * 2.0f / kPowerupCell, v = 1 - (y + 0.5f) * 2.0f / kPowerupCell;
                 float d = std::max(0.0f, sdEllipse({u, v}, halfWidth, kRadius + 0.06f));
                 float halo = std::exp(-d * d / 0.02f) * 0.55f + std::exp(-d * d / 0.09f) * 0.25f;
-                float fade = smoothstep(1.0f, 0.82f, std::max(std::fabs(u), std::fabs(v)));
+                float fade = smoothstep(0.96f, 0.8f, std::max(std::fabs(u), std::fabs(v)));
                 glow.addLight(ox + x, oy + y, palette::kPickup * ((halo * (0.8f + 0.4f * flash)) * fade));
             }
     }
