@@ -134,8 +134,11 @@ void makePowerup(AssetSink& sink)
         for (int y = 0; y < kPowerupCell; ++y)
             for (int x = 0; x < kPowerupCell; ++x) {
                 float u = -1 + (x + 0.5f) * 2.0f / kPowerupCell, v = 1 - (y + 0.5f) * 2.0f / kPowerupCell;
-                float d = std::max(0.0f, sdEllipse({u, v}, halfWidth, kRadius + 0.06f));
-                float halo = std::exp(-d * d / 0.02f) * 0.55f + std::exp(-d * d / 0.09f) * 0.25f;
+                // Bright just round the outline, soft outside, faint over the coin's face so
+                // its emblem still shows.
+                float d = sdEllipse({u, v}, halfWidth, kRadius + 0.04f);
+                float halo = d > 0 ? std::exp(-d * d / 0.02f) * 0.5f + std::exp(-d * d / 0.09f) * 0.22f
+                                   : std::exp(-d * d / 0.004f) * 0.5f + 0.06f;
                 float fade = smoothstep(0.96f, 0.8f, std::max(std::fabs(u), std::fabs(v)));
                 glow.addLight(ox + x, oy + y, palette::kPickup * ((halo * (0.8f + 0.4f * flash)) * fade));
             }

@@ -172,8 +172,8 @@ Compositor renderGameView(const AssetSink& sink)
     for (int i = 0; i < 3; ++i) {
         int frame = 20 + i * 37;
         Quad q;
-        q.cx = 560.0f + i * 70;
-        q.cy = 470.0f - i * 25;
+        q.cx = 300.0f + i * 60;
+        q.cy = 390.0f + (i % 2) * 45;
         q.width = q.height = 48;
         q.u0 = (frame % 16) / 16.0f;
         q.u1 = q.u0 + 1 / 16.0f;
@@ -209,7 +209,8 @@ Compositor renderGameView(const AssetSink& sink)
     float waveHeight = 16 * 1.5f;
     out.text(med, wave, 640 - Compositor::textWidth(med, wave, waveHeight) / 2, 288 - waveHeight / 2, waveHeight);
     const std::string pickup = "Energy restored";
-    out.text(med, pickup, 630 - Compositor::textWidth(med, pickup, 16) / 2, 420, 16, {0.1f, 1.0f, 0.15f});
+    // A caught token's message floats 35 above where it was caught.
+    out.text(med, pickup, 330 - Compositor::textWidth(med, pickup, 16) / 2, 390 - 35 - 8, 16, {0.1f, 1.0f, 0.15f});
     drawHud(out, sink);
     return out;
 }
