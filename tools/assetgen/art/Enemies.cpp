@@ -253,7 +253,10 @@ EnemyArt probe3()
 
 std::vector<EnemyArt> enemyArt()
 {
-    return {fighter(), fighter2(), hammerhead(), probe(), probe2(), probe3()};
+    std::vector<EnemyArt> all = {fighter(), fighter2(), hammerhead(), probe(), probe2(), probe3()};
+    for (EnemyArt& art : all)
+        art.style.rimLight = kEnemyRim;
+    return all;
 }
 
 } // namespace assetgen

@@ -122,8 +122,8 @@ Canvas lightPicture(int size, V3 (*light)(V2))
 
 void makePlayer(AssetSink& sink)
 {
+    // The layers carry no rim light of their own: the two halos light the craft.
     HullStyle style;
-    style.rimLight = kPlayerLight;
     style.rimStrength = 0.0f;
     sink.picture("player_bot", renderHull(kLayerSize, turbine, nullptr, style).body);
     sink.picture("player_mid", renderHull(kLayerSize, panels, nullptr, style).body);
