@@ -6,6 +6,8 @@
 #include "graphics/Screenshot.h"
 #include "graphics/Texture.h"
 #include "platform/Vorlik.h"
+#include "scene/DirectScene2D.h"
+#include "scene/Scene2D.h"
 
 #include <GL/gl.h>
 #include <SDL.h>
@@ -18,6 +20,8 @@ using vorlik::Vorlik;
 
 namespace {
 constexpr float kMegabytesPerByte = 9.5367431640625e-07f; // 2^-20
+constexpr float kWorldSize = 4096.0f;                      // world units, both ways
+constexpr int32_t kWindowSized = -1;                       // a scene as large as the window
 }
 
 void MainLoop::startUp()
@@ -26,8 +30,14 @@ void MainLoop::startUp()
     // A first reading of the frame clock, and a first empty frame on screen.
     Vorlik::endFrame();
     g_rand.seed(static_cast<unsigned>(std::time(nullptr)));
+    g_world = new Scene2D(kWindowSized, kWindowSized);
+    g_world->worldWidth = kWorldSize;
+    g_world->worldHeight = kWorldSize;
+    g_hud = new DirectScene2D(kWindowSized, kWindowSized);
     runlevel = RUNLEVEL_TITLE;
     Vorlik::endFrame();
+    g_world->debugBounds = false;
+    g_hud->debugBounds = false;
     std::printf("Used texture memory: %f megabytes\n",
                 static_cast<float>(Texture::usedMemory) * kMegabytesPerByte);
 }
@@ -41,6 +51,8 @@ void MainLoop::run()
 void MainLoop::pass()
 {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+    g_world->render();
+    g_hud->render();
     Vorlik::endFrame();
     handleKeys();
 }

@@ -9,7 +9,8 @@ public:
     static constexpr int kWindowHeight = 720;
     static constexpr const char* kCaption = "Kelvane - Unfinished TSY '11 version";
 
-    // Opens the window and prepares the title screen; ends the process if SDL cannot start.
+    // Opens the window and creates the world and HUD scenes; ends the process if SDL cannot
+    // start.
     void startUp();
     // Runs passes until the runlevel reaches 0, then shuts the engine down.
     void run();

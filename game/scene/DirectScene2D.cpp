@@ -3,6 +3,8 @@
 #include "scene/SceneRenderer.h"
 #include "scene/Shaders.h"
 
+DirectScene2D* g_hud = nullptr;
+
 DirectScene2D::DirectScene2D(int32_t width, int32_t height) : SceneBase(width, height) { Shaders::setupShaders(); }
 
 SceneScratch& DirectScene2D::scratch()

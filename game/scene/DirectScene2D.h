@@ -20,3 +20,6 @@ public:
     // The render's working lists, separate from the world's, made on first use.
     static SceneScratch& scratch();
 };
+
+// The game's HUD scene, created at start-up.
+extern DirectScene2D* g_hud;

@@ -9,6 +9,8 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 
+Scene2D* g_world = nullptr;
+
 Scene2D::Scene2D(int32_t width, int32_t height)
     : SceneBase(width, height),
       target(new vorlik::FrameBuffer(static_cast<uint32_t>(this->width), static_cast<uint32_t>(this->height),

@@ -31,3 +31,6 @@ public:
     // The render's working lists, made on first use and kept for the program's life.
     static SceneScratch& scratch();
 };
+
+// The game's world scene, created at start-up with a 4096 x 4096 world.
+extern Scene2D* g_world;

@@ -3,6 +3,17 @@
 set -euo pipefail
 
 RUN_DIR="${1:?usage: $0 RUN_DIR}"
+# Seconds a key is held: several frames, since a key that goes down and up between two of the
+# game's frames is never seen.
+HOLD_SECONDS=0.15
+
+# F1 reads the frame back from the front buffer, which Mesa's llvmpipe leaves black under Xvfb.
+# A script that looks at what a screenshot shows calls this first: softpipe keeps the front
+# buffer, at roughly a tenth of the frame rate, so keys are held longer.
+use_readable_front_buffer() {
+  export GALLIUM_DRIVER=softpipe
+  HOLD_SECONDS=1
+}
 CAPTION="Kelvane - Unfinished TSY '11 version"
 WORK="$(mktemp -d)"
 GAME_PID=""
@@ -64,11 +75,12 @@ wait_for_exit() {
   GAME_PID=""
 }
 
-# Presses and releases one key in the game's window. The key is held for a while: the game
-# never sees a key that goes down and up between two of its frames.
+# Presses one key in the game's window, releases it HOLD_SECONDS later and waits as long again,
+# so that the game sees the key up before any next press.
 press_key() {
   xdotool keydown --window "$1" "$2" 2>/dev/null
-  sleep 0.15
+  sleep "$HOLD_SECONDS"
   # The key may have closed the game already, taking the window with it.
   xdotool keyup --window "$1" "$2" 2>/dev/null || true
+  sleep "$HOLD_SECONDS"
 }
