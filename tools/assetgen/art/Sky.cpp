@@ -14,6 +14,8 @@ namespace {
 constexpr uint64_t kNebulaSeed = 0x4e45425541ull;
 constexpr uint64_t kStarSeed = 0x53544152ull;
 constexpr int kStars = 9000;
+constexpr float kHaloFrom = 0.45f;  // stars brighter than this get a soft glow
+constexpr float kHaloWidth = 5.0f;  // the glow's width in star radii
 constexpr int kDriftStep = 3;  // texels between samples of the slow fields; divides 1023
 constexpr float kCloudLight = 0.55f;
 constexpr float kFilamentLight = 0.7f;
@@ -57,6 +59,7 @@ struct SkyStar {
     V3 dir;
     V3 colour;
     float radius; // texels
+    float halo;   // strength of a wide soft glow round the brightest stars, 0 for most
 };
 
 std::vector<SkyStar> skyStars()
@@ -72,7 +75,8 @@ std::vector<SkyStar> skyStars()
         float bright = std::pow(rng.unit(), 6.0f) * 0.9f + 0.05f;
         float warmth = rng.unit();
         V3 tint = warmth < 0.5f ? mix(V3{0.7f, 0.8f, 1.0f}, V3{1, 1, 1}, warmth * 2) : mix(V3{1, 1, 1}, V3{1.0f, 0.85f, 0.65f}, warmth * 2 - 1);
-        stars.push_back({normalize(d), tint * bright, 0.55f + 0.6f * bright});
+        float halo = bright > kHaloFrom ? 0.12f * (bright - kHaloFrom) / (1 - kHaloFrom) : 0.0f;
+        stars.push_back({normalize(d), tint * bright, 0.55f + 0.6f * bright, halo});
     }
     return stars;
 }
@@ -118,7 +122,7 @@ void makeSkyFace(AssetSink& sink, CubeFace face)
         V3 sAxis = faceDirection(face, 1, 0) - onFace, tAxis = faceDirection(face, 0, 1) - onFace;
         float px = (dot(local, sAxis) + 1) / step, py = (dot(local, tAxis) + 1) / step;
         // Texels cover less angle toward the edges, so the reach allows twice the radius.
-        int reach = static_cast<int>(std::ceil(star.radius * 6)) + 1;
+        int reach = static_cast<int>(std::ceil(star.radius * (star.halo > 0 ? 6 * kHaloWidth : 6))) + 1;
         if (px < -reach || py < -reach || px > kSkySize + reach || py > kSkySize + reach)
             continue;
         // The weight depends on the angle between the texel's direction and the star's,
@@ -130,6 +134,8 @@ void makeSkyFace(AssetSink& sink, CubeFace face)
                     continue;
                 V3 d = normalize(faceDirection(face, -1 + x * step, -1 + y * step)) - star.dir;
                 float w = std::exp(-dot(d, d) / (2 * sigma * sigma));
+                if (star.halo > 0)
+                    w += star.halo * std::exp(-dot(d, d) / (2 * kHaloWidth * kHaloWidth * sigma * sigma));
                 Px& p = c.at(x, y);
                 p.r += star.colour.x * w;
                 p.g += star.colour.y * w;
