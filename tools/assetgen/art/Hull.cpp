@@ -18,11 +18,6 @@ constexpr float kOcclusionReach = 1.0f / 50;   // blur of the height field, in p
 constexpr float kOcclusionStrength = 10.0f;    // darkening per unit of height below the surroundings
 constexpr float kOcclusionFloor = 0.45f;
 
-struct Shaded {
-    Px body;
-    V3 emit;
-};
-
 float bevelProfile(float d, float bevel)
 {
     float s = clamp01(-d / bevel);
