@@ -27,7 +27,7 @@ const Expected kPictures[] = {
     {"sky_right", 1024, 1024}, {"sky_front", 1024, 1024}, {"sky_back", 1024, 1024},
     {"player_top", 128, 128}, {"player_mid", 128, 128}, {"player_bot", 128, 128},
     {"player_glow_top", 144, 144}, {"player_glow_bot", 120, 120},
-    {"slaser", 128, 16}, {"plasmabullet", 48, 48},
+    {"slaser", 128, 16}, {"plasmabullet", 32, 32},
     {"powerup_anim", 1024, 1024}, {"powerup_glow_anim", 1024, 1024},
     {"enemy_fighter", 192, 192}, {"enemy_fighter_glow", 192, 192},
     {"enemy_fighter2", 256, 256}, {"enemy_fighter2_glow", 256, 256},
@@ -127,9 +127,11 @@ TEST(GeneratedPictures, PlayerHalosKeepTheDrawnProportions)
 
 TEST(GeneratedPictures, RepeatedPicturesArePowersOfTwo)
 {
-    // The laser repeats ten times along a beam and the sky faces meet at their edges:
-    // neither may be padded by the loader.
-    for (const char* name : {"slaser", "sky_front", "powerup_anim", "powerup_glow_anim"}) {
+    // Stars, bolts and the beam are drawn with texture coordinates over the whole texture,
+    // the laser repeats ten times along a beam and the sky faces meet at their edges: none
+    // of them may be padded by the loader.
+    for (const char* name : {"star", "plasmabullet", "slaser", "sky_front", "sky_back", "sky_left", "sky_right",
+                             "sky_top", "sky_bottom", "powerup_anim", "powerup_glow_anim"}) {
         Rgba pic = loadPng(gfxPath(name));
         ASSERT_TRUE(pic.valid()) << name;
         EXPECT_TRUE(isPowerOfTwo(pic.width) && isPowerOfTwo(pic.height)) << name;

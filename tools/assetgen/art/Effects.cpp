@@ -9,7 +9,7 @@ namespace assetgen {
 namespace {
 
 constexpr int kStarWidth = 32, kStarHeight = 16;   // drawn up to 22 x 10
-constexpr int kBoltSize = 48;                      // drawn 24 or 32
+constexpr int kBoltSize = 32;                      // drawn 24 or 32
 constexpr int kLaserLength = 128, kLaserWidth = 16; // powers of two: the beam repeats along u
 constexpr int kReticleSize = 64;                   // drawn 38, its glow 40
 
