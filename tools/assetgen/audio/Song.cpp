@@ -124,21 +124,43 @@ void bass(Mix& mix, int bar, Rng& rng)
     }
 }
 
+// How the arpeggio walks the chord in each section: its steps (indices into the chord's
+// four tones, 4 = the root an octave up), how many steps a bar and how long each note rings.
+struct ArpPattern {
+    int order[8];
+    int stepsPerBar;
+    float decay;  // seconds
+};
+const ArpPattern kRolling{{0, 1, 2, 3, 4, 3, 2, 1}, 16, 0.16f};
+const ArpPattern kBroken{{0, 2, 4, 2, 1, 3, 4, 3}, 16, 0.16f};
+const ArpPattern kFloating{{4, 3, 2, 1, 0, 1, 2, 3}, 8, 0.35f};
+
+const ArpPattern& arpPatternOf(Section s)
+{
+    switch (s) {
+    case Section::Full:
+    case Section::Finale: return kBroken;
+    case Section::Breakdown: return kFloating;
+    default: return kRolling;
+    }
+}
+
 void arpeggio(Mix& mix, int bar, Rng& rng)
 {
     const Chord& c = chordAt(bar);
-    const int order[8] = {0, 1, 2, 3, 4, 3, 2, 1};
-    const Envelope env{0.002f, 0.16f, 0.0f, 0.08f};
+    const ArpPattern& pattern = arpPatternOf(sectionOf(bar));
+    const Envelope env{0.002f, pattern.decay, 0.0f, 0.08f};
     const float level = sectionOf(bar) == Section::Intro ? 0.6f : 1.0f;
-    for (int step = 0; step < 16; ++step) {
-        int k = order[(step + bar * 16) % 8];
+    const float stepBeats = static_cast<float>(kBeatsPerBar) / pattern.stepsPerBar;
+    for (int step = 0; step < pattern.stepsPerBar; ++step) {
+        int k = pattern.order[step % 8];
         int midi = (k == 4 ? c.tones[0] + 12 : c.tones[k]) + 12;
-        float accent = step % 4 == 0 ? 1.0f : 0.7f;
+        float accent = step % (pattern.stepsPerBar / 4) == 0 ? 1.0f : 0.7f;
         Saw saw(rng.unit());
         Svf filter;
         float hz = noteHz(static_cast<float>(midi));
         float phase = 0;
-        play(beatPos(bar, step * 0.25f), 0.06f, env.release, [&](long pos, long i, float t) {
+        play(beatPos(bar, step * stepBeats), 0.06f, env.release, [&](long pos, long i, float t) {
             phase += kTwoPi * hz / kSampleRate;
             if (i % kControlRate == 0)
                 filter.set(800 + 3000 * std::exp(-t / 0.05f), 0.2f);
