@@ -138,7 +138,9 @@ float barShapes(V2 p)
 
 Canvas weaponPanel()
 {
-    auto plate = [](V2 p) { return sdPolygon(p, {{-20, 20}, {346, 20}, {392, 66}, {392, 180}, {-20, 180}}); };
+    // Its left edge runs off the screen; the bottom ends in a chamfered edge just above the
+    // screen's border, since the picture stops 10 pixels short of it.
+    auto plate = [](V2 p) { return sdPolygon(p, {{-20, 20}, {346, 20}, {392, 66}, {392, 132}, {374, 150}, {-20, 150}}); };
     auto dials = [](V2 p) { return std::min(sdCircle(p - kDialA, kDialRadius), sdCircle(p - kDialB, kDialRadius)); };
     auto dialRims = [dials](V2 p) { return std::fabs(dials(p)) - 2.0f; };
     auto dialTicks = [](V2 p) {
