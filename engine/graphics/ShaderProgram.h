@@ -2,7 +2,9 @@
 // time by the shared built-in defaults, which pass texture coordinate 0 and the vertex colour
 // through and draw the plain interpolated colour, like untextured fixed-function drawing.
 // Compile and link status are never checked: a broken program silently draws nothing.
-// Programs loaded from files own the stages read for them; otherwise stages belong to the caller.
+// Stages attached by the caller stay the caller's: the program only detaches them. The stages
+// that load reads for a program are reachable through nothing but that program, so it deletes
+// them with itself rather than leak them.
 #pragma once
 
 #include "math/mat2.h"
@@ -32,7 +34,8 @@ public:
     static const char* const kDefaultFragmentSource;
 
     ShaderProgram();
-    // Detaches the stages and deletes the program; deletes the stages only if load made them.
+    // Detaches the non-null stages and deletes the program; also deletes the stages if load
+    // made them.
     ~ShaderProgram();
 
     ShaderProgram(const ShaderProgram&) = delete;

@@ -172,6 +172,24 @@ TEST_F(ShaderProgramTest, DestroyDetachesButLeavesTheCallersStages)
     EXPECT_EQ(deleteFlag, GL_FALSE);
 }
 
+TEST_F(ShaderProgramTest, DestroyingALoadedProgramReleasesTheStagesReadForIt)
+{
+    const std::string dir = directory("released");
+    writeText(dir + "/pair.vert", kPassVertex);
+    writeText(dir + "/pair.frag", kGreenFragment);
+    ShaderProgram* program = ShaderProgram::load(dir.c_str(), "pair");
+    ASSERT_NE(program->vertex, nullptr);
+    ASSERT_NE(program->fragment, nullptr);
+    const GLuint vertexId = program->vertex->id;
+    const GLuint fragmentId = program->fragment->id;
+    ASSERT_TRUE(glIsShader(vertexId));
+    delete program;
+    EXPECT_FALSE(glIsShader(vertexId));
+    EXPECT_FALSE(glIsShader(fragmentId));
+    EXPECT_TRUE(glIsShader(ShaderProgram::default_vs->id));
+    EXPECT_TRUE(glIsShader(ShaderProgram::default_fs->id));
+}
+
 TEST_F(ShaderProgramTest, BindAndUnbindSwitchTheCurrentProgram)
 {
     ShaderProgram program;

@@ -176,6 +176,21 @@ TEST_F(TextureTest, Empty1dTextureHasItsWidth)
     glBindTexture(GL_TEXTURE_1D, 0);
 }
 
+TEST_F(TextureTest, EmptyTextureOfAnotherTargetHasNoStorageButStillCounts)
+{
+    const uint32_t before = Texture::usedMemory;
+    {
+        Texture texture(16, 16, 0, GL_TEXTURE_CUBE_MAP, GL_RGBA8);
+        EXPECT_EQ(texture.target, static_cast<uint32_t>(GL_TEXTURE_CUBE_MAP));
+        EXPECT_TRUE(glIsTexture(texture.id));
+        EXPECT_EQ(Texture::usedMemory - before, 16u * 16u * 4u);
+        glBindTexture(GL_TEXTURE_CUBE_MAP, texture.id);
+        EXPECT_EQ(levelParameter(GL_TEXTURE_CUBE_MAP_POSITIVE_X, GL_TEXTURE_WIDTH), 0);
+        glBindTexture(GL_TEXTURE_CUBE_MAP, 0);
+    }
+    EXPECT_EQ(Texture::usedMemory, before);
+}
+
 TEST_F(TextureTest, DestroyingATextureGivesBackItsMemoryAndName)
 {
     const uint32_t before = Texture::usedMemory;
