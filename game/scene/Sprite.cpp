@@ -63,6 +63,8 @@ Sprite::Quad Sprite::quad() const
 
 void Sprite::draw(const SceneState& state)
 {
+    // A picture that failed to load leaves a texture without storage, which GL samples as
+    // opaque black; skipping it keeps a missing picture invisible, as with no texture at all.
     if (texture == nullptr || texture->width == 0 || texture->height == 0) return;
 
     const Quad q = quad();

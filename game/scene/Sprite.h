@@ -40,7 +40,8 @@ public:
 
     // Frame frame of a columns x rows grid over the used part uScale x vScale of a texture:
     // column = frame mod columns, row = frame div columns. Not animated: the whole used part.
-    // A grid size below 1 counts as 1.
+    // A grid size below 1 counts as 1, so a sprite marked animated before its grid is set
+    // never divides by zero.
     static FrameRect frameRect(float uScale, float vScale, bool animated, int32_t columns,
                                int32_t rows, int32_t frame);
     // The sprite's quad for its current size, anchor and frame.

@@ -45,7 +45,7 @@ void Text::setText(const char* t)
 void Text::draw(const SceneState&)
 {
     updateSize();
-    if (font == nullptr || text.length == 0) return;
+    if (font == nullptr) return;
 
     const float colors[16] = {color[0], color[1], color[2], color[3], color[0], color[1], color[2], color[3],
                               color[0], color[1], color[2], color[3], color[0], color[1], color[2], color[3]};

@@ -28,7 +28,8 @@ public:
     // over height) at the given character height.
     static float lineWidth(uint32_t length, float advance, float fontHeight);
 
-    // Draws the line with the font's texture through the textured fixed-function program.
+    // Draws the line with the font's texture through the textured fixed-function program. An
+    // empty line draws no glyph, though the font's texture is still made and bound.
     void draw(const SceneState& state) override;
 
 private:

@@ -1,11 +1,15 @@
 #include "scene/Shaders.h"
 
 #include "DisplayTest.h"
+#include "graphics/Shader.h"
 #include "graphics/ShaderProgram.h"
 
 #include <GL/gl.h>
 #include <GL/glext.h>
 #include <array>
+#include <fstream>
+#include <sstream>
+#include <string>
 #include <unistd.h>
 
 using vorlik::ShaderProgram;
@@ -24,6 +28,25 @@ protected:
     }
 
     using Programs = std::array<ShaderProgram*, 7>;
+
+    static std::string sourceOf(GLuint shader)
+    {
+        GLint length = 0;
+        glGetShaderiv(shader, GL_SHADER_SOURCE_LENGTH, &length);
+        std::string text(static_cast<size_t>(length), '\0');
+        GLsizei got = 0;
+        glGetShaderSource(shader, length, &got, text.data());
+        text.resize(static_cast<size_t>(got));
+        return text;
+    }
+
+    static std::string fileText(const std::string& path)
+    {
+        std::ifstream file(path);
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
 
     // The globals in loading order.
     static Programs all()
@@ -69,4 +92,19 @@ TEST_F(ShadersTest, EveryProgramIsADistinctObject)
     const Programs programs = all();
     for (int i = 0; i < 7; ++i)
         for (int j = i + 1; j < 7; ++j) EXPECT_NE(programs[i], programs[j]) << i << " " << j;
+}
+
+TEST_F(ShadersTest, EachGlobalHoldsTheProgramReadFromTheFilesOfItsName)
+{
+    setupFromSourceTree();
+    const char* const names[7] = {"color_fixed", "texture_fixed", "color", "texture",
+                                  "color_extract", "hblur", "vblur"};
+    const Programs programs = all();
+    for (int i = 0; i < 7; ++i) {
+        const std::string base = std::string(KELVANE_SOURCE_DIR) + "/shaders/" + names[i];
+        ASSERT_NE(programs[i]->vertex, nullptr) << names[i];
+        ASSERT_NE(programs[i]->fragment, nullptr) << names[i];
+        EXPECT_EQ(sourceOf(programs[i]->vertex->id), fileText(base + ".vert")) << names[i];
+        EXPECT_EQ(sourceOf(programs[i]->fragment->id), fileText(base + ".frag")) << names[i];
+    }
 }

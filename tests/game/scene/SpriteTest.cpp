@@ -270,3 +270,51 @@ TEST_F(SpriteTest, TransparentTexelsLeaveTheBackground)
     drawAt(sprite, stateWithColor(255, 255, 255, 255));
     EXPECT_TRUE(pixelprobe::near(at(110, 110), 0, 0, 255)) << at(110, 110);
 }
+
+TEST_F(SpriteTest, DrawsEvenWhenCullingAndDepthTestingWereLeftOn)
+{
+    auto image = filled(8, 8, Color::pack(255, 255, 255, 255));
+    Texture texture(image.get());
+    Sprite sprite(&texture, 50.0f, 50.0f);
+    sprite.position.x = 100.0f;
+    sprite.position.y = 100.0f;
+    glEnable(GL_CULL_FACE); // the quad winds clockwise on a y-down screen: a back face
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_NEVER);
+    drawAt(sprite, stateWithColor(255, 255, 255, 255));
+    glDepthFunc(GL_LESS);
+    EXPECT_FALSE(glIsEnabled(GL_CULL_FACE));
+    EXPECT_FALSE(glIsEnabled(GL_DEPTH_TEST));
+    EXPECT_TRUE(pixelprobe::near(at(100, 100), 255, 255, 255)) << at(100, 100);
+}
+
+TEST_F(SpriteTest, DrawUsesTheTexturedProgramWithItsSamplerAndTheTextureOnUnitZero)
+{
+    auto image = filled(8, 8, Color::pack(255, 255, 255, 255));
+    Texture texture(image.get());
+    Sprite sprite(&texture, 50.0f, 50.0f);
+    vorlik::ShaderProgram* program = Shaders::texture_shader_fixed;
+    program->bind();
+    program->setUniform("texture", 3);
+    vorlik::ShaderProgram::unbind();
+    glActiveTexture(GL_TEXTURE1);
+    glDisableClientState(GL_VERTEX_ARRAY);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+
+    drawAt(sprite, stateWithColor(255, 255, 255, 255));
+
+    GLint current = 0, sampler = -1, active = 0, bound = 0;
+    glGetIntegerv(GL_CURRENT_PROGRAM, &current);
+    glGetUniformiv(program->id, program->uniform("texture"), &sampler);
+    glGetIntegerv(GL_ACTIVE_TEXTURE, &active);
+    glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
+    EXPECT_EQ(static_cast<GLuint>(current), program->id);
+    EXPECT_EQ(sampler, 0);
+    EXPECT_EQ(active, GL_TEXTURE0);
+    EXPECT_EQ(static_cast<GLuint>(bound), texture.id);
+    EXPECT_EQ(texture.unit, static_cast<uint32_t>(GL_TEXTURE0));
+    EXPECT_TRUE(glIsEnabled(GL_VERTEX_ARRAY));
+    EXPECT_TRUE(glIsEnabled(GL_COLOR_ARRAY));
+    EXPECT_TRUE(glIsEnabled(GL_TEXTURE_COORD_ARRAY));
+}

@@ -4,6 +4,7 @@
 #include "graphics/Color.h"
 #include "graphics/Font.h"
 #include "graphics/Image.h"
+#include "graphics/Texture.h"
 
 using vorlik::Color;
 using vorlik::Font;
@@ -193,4 +194,23 @@ TEST_F(TextTest, DrawLeavesTheModelViewAsTheSceneSetIt)
     EXPECT_FLOAT_EQ(m[12], 7.0f);
     EXPECT_FLOAT_EQ(m[13], 9.0f);
     glLoadIdentity();
+}
+
+TEST_F(TextTest, EmptyLineDrawsNoGlyphButSetsUpTheFontTextureAndProgram)
+{
+    Text* t = make("", 1.0f, 1.0f, 1.0f, 1.0f);
+    ASSERT_EQ(font->texture, nullptr);
+    glDisable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    drawAt(*t, stateWithColor(255, 255, 255, 255));
+
+    ASSERT_NE(font->texture, nullptr);
+    GLint current = 0, bound = 0;
+    glGetIntegerv(GL_CURRENT_PROGRAM, &current);
+    glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
+    EXPECT_EQ(static_cast<GLuint>(current), Shaders::texture_shader_fixed->id);
+    EXPECT_EQ(static_cast<GLuint>(bound), font->texture->id);
+    EXPECT_TRUE(glIsEnabled(GL_TEXTURE_2D));
+    EXPECT_TRUE(glIsEnabled(GL_COLOR_ARRAY));
+    for (int x = 90; x < 200; x += 5) EXPECT_TRUE(pixelprobe::near(at(x, 120), 0, 0, 0)) << x;
 }
