@@ -43,9 +43,11 @@ public:
 
     void push(const T& value)
     {
+        // value may be one of our own elements, which growing frees: take it out first.
+        const T pushed = value;
         // Doubling keeps pushes cheap; a stack created empty starts at one element instead.
         if (count == capacity) reserve(capacity == 0 ? 1 : capacity * 2);
-        data[count] = value;
+        data[count] = pushed;
         ++count;
     }
 

@@ -53,6 +53,21 @@ TEST(Stack, SeventeenthPushDoublesTo32AndKeepsFirst16)
     EXPECT_TRUE(allZeroBytes(s.data + 17, 16));
 }
 
+TEST(Stack, PushOfOwnElementWhenFullKeepsItsValue)
+{
+    // Growing frees the block the pushed reference points into.
+    Stack<mat2> s(2);
+    s.push(mat2(1.0f, 2.0f, 3.0f, 4.0f, 5.0f, 6.0f));
+    s.push(mat2(7.0f, 8.0f, 9.0f, 10.0f, 11.0f, 12.0f));
+    s.push(s[0]);
+    EXPECT_EQ(s.capacity, 4u);
+    EXPECT_EQ(s[2], mat2(1.0f, 2.0f, 3.0f, 4.0f, 5.0f, 6.0f));
+    s.push(s[1]);
+    s.push(s[3]);
+    EXPECT_EQ(s.capacity, 8u);
+    EXPECT_EQ(s[4], mat2(7.0f, 8.0f, 9.0f, 10.0f, 11.0f, 12.0f));
+}
+
 TEST(Stack, GrowthKeepsDoubling)
 {
     Stack<int> s;
