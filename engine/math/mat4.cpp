@@ -83,13 +83,6 @@ void mat4::scaleColumns(const vec4& v)
         for (int row = 0; row < 4; ++row) m[4 * c + row] *= v[c];
 }
 
-float mat4::determinant() const
-{
-    float adj[16];
-    adjugate(m, adj);
-    return determinantWith(m, adj);
-}
-
 void mat4::invert()
 {
     float adj[16];

@@ -33,7 +33,6 @@ struct mat4 {
     void scaleColumns(const vec4& v);
     // Full inverse by cofactors; left as it is when the determinant is exactly 0.
     void invert();
-    float determinant() const;
 
     void translate(float x, float y, float z);
     void scale(float x, float y, float z);
