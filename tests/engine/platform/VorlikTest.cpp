@@ -6,6 +6,8 @@
 #include "platform/EventState.h"
 #include "platform/Vorlik.h"
 
+#include <GL/gl.h>
+#include <GL/glext.h>
 #include <gtest/gtest.h>
 #include <cmath>
 #include <cstring>
@@ -68,6 +70,52 @@ TEST_F(VorlikLifecycle, InvalidArgumentsOpenA640By480WindowCaptionedDemo)
     ASSERT_NE(caption, nullptr);
     EXPECT_STREQ(caption, "Demo");
     EXPECT_STREQ(Vorlik::title, "Demo");
+}
+
+TEST_F(VorlikLifecycle, InitKeepsTheCaptionPointerAndTheFullscreenRequest)
+{
+    static const char caption[] = "Kelvane - Unfinished TSY '11 version";
+    Vorlik::init(320, 200, caption, false, true);
+    EXPECT_EQ(Vorlik::title, caption);
+    EXPECT_FALSE(Vorlik::fullscreen);
+    char* shown = nullptr;
+    SDL_WM_GetCaption(&shown, nullptr);
+    ASSERT_NE(shown, nullptr);
+    EXPECT_STREQ(shown, caption);
+}
+
+TEST_F(VorlikLifecycle, InitHidesTheSystemCursor)
+{
+    Vorlik::init(320, 200, "cursor", false, false);
+    EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_DISABLE);
+}
+
+TEST_F(VorlikLifecycle, InitOpensADoubleBufferedRgba8ContextWithStencil)
+{
+    Vorlik::init(320, 200, "attributes", false, false);
+    ASSERT_NE(Vorlik::window, nullptr);
+    EXPECT_TRUE(Vorlik::window->flags & SDL_OPENGL);
+    EXPECT_FALSE(Vorlik::window->flags & SDL_FULLSCREEN);
+    int value = 0;
+    SDL_GL_GetAttribute(SDL_GL_DOUBLEBUFFER, &value);
+    EXPECT_EQ(value, 1);
+    for (SDL_GLattr channel : {SDL_GL_RED_SIZE, SDL_GL_GREEN_SIZE, SDL_GL_BLUE_SIZE, SDL_GL_ALPHA_SIZE}) {
+        SDL_GL_GetAttribute(channel, &value);
+        EXPECT_EQ(value, 8) << "attribute " << channel;
+    }
+    SDL_GL_GetAttribute(SDL_GL_STENCIL_SIZE, &value);
+    EXPECT_EQ(value, 8);
+}
+
+TEST_F(VorlikLifecycle, InitAsksForTheNicestRendering)
+{
+    Vorlik::init(320, 200, "hints", false, false);
+    for (GLenum hint : {GL_LINE_SMOOTH_HINT, GL_POLYGON_SMOOTH_HINT, GL_PERSPECTIVE_CORRECTION_HINT,
+                        GL_TEXTURE_COMPRESSION_HINT}) {
+        GLint mode = 0;
+        glGetIntegerv(hint, &mode);
+        EXPECT_EQ(mode, GL_NICEST) << "hint 0x" << std::hex << hint;
+    }
 }
 
 TEST_F(VorlikLifecycle, InitSetsTheRgbaColorLayout)
