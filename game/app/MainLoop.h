@@ -1,6 +1,6 @@
-// The program's shell: engine start-up and the runlevel loop that renders a frame, advances
-// the current mode and reacts to the global keys (title keys, Escape, F1) once per pass.
-// The key handling reads only the engine's input snapshot, so tests drive it directly.
+// The program's shell: engine start-up and the runlevel loop that renders a frame and reacts
+// to the global keys (title keys, Escape, F1) once per pass. The key handling reads only the
+// engine's input snapshot, so tests drive it directly.
 #pragma once
 
 class MainLoop {
@@ -14,7 +14,7 @@ public:
     void startUp();
     // Runs passes until the runlevel reaches 0, then shuts the engine down.
     void run();
-    // One frame: clear, draw, end the frame, advance the mode, handle the keys.
+    // One frame: clear, draw the world and the HUD, end the frame, handle the keys.
     void pass();
     // The runlevel transitions driven by this frame's input.
     void handleKeys();
