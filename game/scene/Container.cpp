@@ -33,7 +33,9 @@ void Container::clear()
 }
 
 // A Group is a Container and a Drawable at two different addresses, so "the Container itself"
-// is recognised by comparing whole objects, not base pointers.
+// is recognised by comparing whole objects, not base pointers: a Drawable pointer never equals
+// a Container pointer, and a Group let into its own list would make the scenes descend into it
+// forever.
 bool Container::rejects(const Drawable* child) const
 {
     return child == nullptr || dynamic_cast<const void*>(child) == dynamic_cast<const void*>(this);

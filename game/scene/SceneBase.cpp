@@ -54,7 +54,9 @@ void SceneBase::prepareFrame(SceneFrame& frame, vorlik::Stack<ViewRect>& views)
     cameraTransform.rotate(-v.rotation * kRadiansPerDegree);
     cameraTransform.translate(-frame.camera);
     vorlik::mat4 modelView = cameraTransform.toMat4();
-    // GL looks down -z: the plane of the scene sits two units in front of the eye.
+    // GL looks down -z, so the plane of the scene is moved to z = -2, two units in front of the
+    // eye where the frustum shows one unit per pixel; at z = +2 it would lie behind the eye and
+    // no perspective node would be seen.
     modelView.translate(0.0f, 0.0f, -kPerspectiveDistance);
 
     SceneState& state = frame.state;

@@ -18,7 +18,7 @@ struct SceneState;
 
 struct TraversalSwitches {
     bool cullTransparent = true; // skip nodes (and subtrees) whose inherited alpha is 0
-    bool debugBounds = false;    // outline every culled-in node's enclosing rectangle
+    bool debugBounds = false;    // outline the enclosing rectangle of every culled-in node but Effects
 };
 
 // A channel inherited down the tree: (inherited x (own + 1)) >> 8, at most 255. A node of 255

@@ -76,6 +76,31 @@ TEST(ContainerTest, AddingNullOrTheContainerItselfDoesNothing)
     EXPECT_EQ(group.count, 0u);
 }
 
+TEST(ContainerTest, AGroupIsRejectedAsItsOwnChildByEveryListOperation)
+{
+    // Placed in a scene and holding a child, so any operation that got through would show:
+    // even remove would null the Group's own links to the scene.
+    TestContainer scene;
+    Group group;
+    RecordingLeaf child;
+    scene.add(&group);
+    group.add(&child);
+    group.add(&group);
+    group.remove(&group);
+    group.insertAfter(&group, &child);
+    group.insertBefore(&group, &child);
+    group.bringToFront(&group);
+    group.sendToBack(&group);
+    EXPECT_EQ(group.parent, &scene);
+    EXPECT_EQ(scene.count, 1u);
+    EXPECT_EQ(scene.first, &group);
+    EXPECT_EQ(group.count, 1u);
+    EXPECT_EQ(group.first, &child);
+    EXPECT_EQ(group.last, &child);
+    EXPECT_EQ(child.prev, nullptr);
+    EXPECT_EQ(child.next, nullptr);
+}
+
 TEST(ContainerTest, RemoveUnlinksFromTheMiddleAndEnds)
 {
     TestContainer list;

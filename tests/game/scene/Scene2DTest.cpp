@@ -162,6 +162,46 @@ TEST_F(Scene2DTest, WorldOutlineIsDrawnWhenDebugBoundsIsOn)
     EXPECT_LT(pixels.at(800, 300).r, 40);
 }
 
+TEST_F(Scene2DTest, EachRenderStartsFromAClearedTarget)
+{
+    world->camera.x = 2048;
+    world->camera.y = 2048;
+    SolidQuad quad(20, 20);
+    quad.position = vorlik::vec3(2048 - 200, 2048, 0);
+    world->add(&quad);
+    world->render();
+    quad.position = vorlik::vec3(2048 + 200, 2048, 0);
+    glClear(GL_COLOR_BUFFER_BIT);
+    world->render();
+
+    // Only the second place shows: the first frame's picture is gone from the target.
+    const LitArea lit = WindowPixels(kWidth, kHeight).lit();
+    EXPECT_EQ(lit.count, 400);
+    EXPECT_EQ(lit.left, 640 + 200 - 10);
+}
+
+TEST_F(Scene2DTest, CompositeBlendsNormallyWhateverTheLastNodeUsed)
+{
+    // The window holds blue; the target is cleared to opaque black around one additive node.
+    glClearColor(0, 0, 1, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glClearColor(0, 0, 0, 1);
+    world->camera.x = 2048;
+    world->camera.y = 2048;
+    SolidQuad glow(20, 20);
+    glow.color = ByteColor{255, 0, 0, 255};
+    glow.position = vorlik::vec3(2048, 2048, 0);
+    glow.setBlendMode(BLEND_ADDITIVE);
+    world->add(&glow);
+    world->render();
+
+    // The opaque target covers the blue: an additive composite would have kept it.
+    const WindowPixels pixels(kWidth, kHeight);
+    EXPECT_LT(pixels.at(100, 100).b, 40);
+    EXPECT_GT(pixels.at(640, 360).r, 200);
+    EXPECT_LT(pixels.at(640, 360).b, 40);
+}
+
 TEST_F(Scene2DTest, RenderAllocatesNothingOnceItsListsHaveGrown)
 {
     std::vector<Group> groups(200);

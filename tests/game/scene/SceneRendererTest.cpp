@@ -10,6 +10,7 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 #include <gtest/gtest.h>
+#include <cstring>
 #include <unistd.h>
 
 namespace {
@@ -51,10 +52,24 @@ public:
         depthTest = glIsEnabled(GL_DEPTH_TEST);
         sampler = -1;
         glGetUniformiv(static_cast<GLuint>(program), glGetUniformLocation(static_cast<GLuint>(program), "texture"), &sampler);
+        // The default arrays, copied while the renderer's pointers are still in force.
+        GLvoid* colorArray = nullptr;
+        GLvoid* texCoordArray = nullptr;
+        glGetPointerv(GL_COLOR_ARRAY_POINTER, &colorArray);
+        glGetPointerv(GL_TEXTURE_COORD_ARRAY_POINTER, &texCoordArray);
+        glGetIntegerv(GL_COLOR_ARRAY_SIZE, &colorSize);
+        glGetIntegerv(GL_COLOR_ARRAY_TYPE, &colorType);
+        glGetIntegerv(GL_TEXTURE_COORD_ARRAY_SIZE, &texCoordSize);
+        glGetIntegerv(GL_TEXTURE_COORD_ARRAY_TYPE, &texCoordType);
+        std::memcpy(colors, colorArray, sizeof(colors));
+        std::memcpy(texCoords, texCoordArray, sizeof(texCoords));
     }
     GLint program = 0, blendSource = 0, blendDestination = 0, sampler = -1;
     GLfloat projection[16] = {}, modelView[16] = {};
     GLboolean textureArray = GL_FALSE, normalArray = GL_TRUE, blending = GL_FALSE, depthTest = GL_TRUE;
+    GLint colorSize = 0, colorType = 0, texCoordSize = 0, texCoordType = 0;
+    GLubyte colors[16] = {};
+    GLfloat texCoords[8] = {};
 };
 
 class SceneRendererTest : public DisplayTest {
@@ -112,6 +127,34 @@ TEST_F(SceneRendererTest, PerspectiveNodeGetsTheFrustumAndTheCameraModelView)
     EXPECT_FLOAT_EQ(probe.modelView[14], -2);
     EXPECT_FLOAT_EQ(probe.projection[11], -1);
     EXPECT_FLOAT_EQ(probe.projection[0], 2.0f / 640);
+}
+
+TEST_F(SceneRendererTest, NodeDrawStartsWithOpaqueWhiteColoursAndTheUnitSquare)
+{
+    StateProbe probe;
+    probe.position = vorlik::vec3(100, 50, 0);
+    hud->add(&probe);
+    hud->render();
+
+    EXPECT_EQ(probe.colorSize, 4);
+    EXPECT_EQ(probe.colorType, GL_UNSIGNED_BYTE);
+    for (GLubyte channel : probe.colors) EXPECT_EQ(channel, 255);
+    EXPECT_EQ(probe.texCoordSize, 2);
+    EXPECT_EQ(probe.texCoordType, GL_FLOAT);
+    const GLfloat unitSquare[8] = {0, 0, 1, 0, 1, 1, 0, 1};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(probe.texCoords[i], unitSquare[i]) << "coordinate " << i;
+}
+
+TEST_F(SceneRendererTest, ModulatedNodeBlendsWithTheSourceColour)
+{
+    StateProbe probe;
+    probe.position = vorlik::vec3(100, 50, 0);
+    probe.setBlendMode(BLEND_MODULATE);
+    hud->add(&probe);
+    hud->render();
+
+    EXPECT_EQ(probe.blendSource, GL_SRC_ALPHA);
+    EXPECT_EQ(probe.blendDestination, GL_SRC_COLOR);
 }
 
 } // namespace

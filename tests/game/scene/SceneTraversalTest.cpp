@@ -353,6 +353,34 @@ TEST_F(SceneTraversalTest, DebugBoundsOutlinesPlacedNodesInCameraSpace)
     EXPECT_EQ(sink.calls.size(), 2u);
 }
 
+TEST_F(SceneTraversalTest, DebugBoundsOutlinesGroupsAsWellAsTheirChildren)
+{
+    switches.debugBounds = true;
+    Group group;
+    group.position = vorlik::vec3(100, 0, 0);
+    RecordingLeaf leaf(20, 10);
+    leaf.position = vorlik::vec3(10, 0, 0);
+    scene.add(&group);
+    group.add(&leaf);
+    walk();
+    // The Group encloses its child (20 x 10 about its own position), then the child itself.
+    ASSERT_EQ(sink.bounds.size(), 2u);
+    EXPECT_FLOAT_EQ(sink.bounds[0].x, 90);
+    EXPECT_FLOAT_EQ(sink.bounds[0].width, 20);
+    EXPECT_FLOAT_EQ(sink.bounds[1].x, 100);
+    EXPECT_FLOAT_EQ(sink.bounds[1].y, -5);
+    EXPECT_EQ(drawn(), (Nodes{&leaf}));
+}
+
+TEST_F(SceneTraversalTest, ScratchListsStartWithRoomFor128Entries)
+{
+    const SceneScratch fresh;
+    EXPECT_EQ(fresh.views.capacity, 128u);
+    EXPECT_EQ(fresh.states.capacity, 128u);
+    EXPECT_EQ(fresh.siblings.capacity, 128u);
+    EXPECT_EQ(fresh.views.count, 0u);
+}
+
 TEST_F(SceneTraversalTest, WalkReusesTheScratchListsOnceGrown)
 {
     // A chain of 300 nested Groups, each followed by a leaf, needs deeper stacks than 128.
