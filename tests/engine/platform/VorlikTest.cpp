@@ -55,7 +55,41 @@ protected:
 
 using VorlikFrame = DisplayTest;
 
+// The facade's statics as they stand before main, read while the program is still being built.
+struct StaticsBeforeMain {
+    uint32_t width = Vorlik::width, height = Vorlik::height;
+    const char* title = Vorlik::title;
+    SDL_Surface* window = Vorlik::window;
+    bool fullscreen = Vorlik::fullscreen;
+    EventState* events = Vorlik::events;
+    bool autoexit = Vorlik::autoexit;
+    uint32_t tm_current = Vorlik::tm_current, tm_last = Vorlik::tm_last;
+    uint32_t currentTime = Vorlik::currentTime, lastTime = Vorlik::lastTime;
+    float sync = Vorlik::sync;
+    int32_t sync16 = Vorlik::sync16;
+    uint32_t framenum = Vorlik::framenum;
+};
+const StaticsBeforeMain kBeforeMain;
+
 } // namespace
+
+TEST(VorlikStatics, StartZeroedWithAutoexitOn)
+{
+    EXPECT_EQ(kBeforeMain.width, 0u);
+    EXPECT_EQ(kBeforeMain.height, 0u);
+    EXPECT_EQ(kBeforeMain.title, nullptr);
+    EXPECT_EQ(kBeforeMain.window, nullptr);
+    EXPECT_FALSE(kBeforeMain.fullscreen);
+    EXPECT_EQ(kBeforeMain.events, nullptr);
+    EXPECT_TRUE(kBeforeMain.autoexit);
+    EXPECT_EQ(kBeforeMain.tm_current, 0u);
+    EXPECT_EQ(kBeforeMain.tm_last, 0u);
+    EXPECT_EQ(kBeforeMain.currentTime, 0u);
+    EXPECT_EQ(kBeforeMain.lastTime, 0u);
+    EXPECT_EQ(kBeforeMain.sync, 0.0f);
+    EXPECT_EQ(kBeforeMain.sync16, 0);
+    EXPECT_EQ(kBeforeMain.framenum, 0u);
+}
 
 TEST_F(VorlikLifecycle, InvalidArgumentsOpenA640By480WindowCaptionedDemo)
 {
