@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# A quit request (SIGTERM, as SDL reports a closed window) ends the game at once with status 0
+# after Return has left the title screen, not only on the title screen itself.
+source "$(dirname "$0")/lib/common.sh"
+
+start_game
+window="$(wait_for_window)"
+sleep 0.5
+press_key "$window" Return
+kill -0 "$GAME_PID" 2>/dev/null || fail "kelvane ended on Return"
+kill -TERM "$GAME_PID"
+wait_for_exit 2
+[ "$GAME_STATUS" -eq 0 ] || fail "exit status $GAME_STATUS after SIGTERM in play, expected 0"
+echo "ok: SIGTERM after Return ended kelvane with status 0"
