@@ -81,7 +81,9 @@ TEST(EventState, HeldKeyIsPressedOnExactlyOneFrame)
         EXPECT_TRUE(s.keyDown(SDLK_RETURN));
         EXPECT_FALSE(s.keyReleased(SDLK_RETURN));
         pressedFrames += s.keyPressed(SDLK_RETURN);
-        if (frame == 0) EXPECT_TRUE(s.keyPressed(SDLK_RETURN));
+        if (frame == 0) {
+            EXPECT_TRUE(s.keyPressed(SDLK_RETURN));
+        }
     }
     EXPECT_EQ(pressedFrames, 1);
 }
@@ -222,6 +224,13 @@ TEST(EventState, StopWithoutThreadIsHarmless)
     s.stop();
     EXPECT_EQ(s.thread, nullptr);
     EXPECT_TRUE(s.running);
+}
+
+TEST(EventState, EventLoopReturnsAtOnceWhenNotRunning)
+{
+    EventState s;
+    s.running = false;
+    EXPECT_EQ(vorlik::__vorlik_event_loop(&s), 0);
 }
 
 TEST(EventState, ThreadStartsOnceAndStops)
