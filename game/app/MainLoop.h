@@ -1,7 +1,10 @@
-// The program's shell: engine start-up and the runlevel loop that renders a frame and reacts
-// to the global keys (title keys, Escape, F1) once per pass. The key handling reads only the
-// engine's input snapshot, so tests drive it directly.
+// The program's shell: engine start-up and the runlevel loop that renders a frame, draws the
+// screen fader and reacts to the global keys (title keys, Escape, F1) once per pass. Every
+// change of runlevel waits for the fader to finish. The key handling reads only the engine's
+// input snapshot and clock, so tests drive it directly.
 #pragma once
+
+class TitleScreen;
 
 class MainLoop {
 public:
@@ -9,18 +12,21 @@ public:
     static constexpr int kWindowHeight = 720;
     static constexpr const char* kCaption = "Kelvane - Unfinished TSY '11 version";
 
-    // Opens the window and creates the world and HUD scenes; ends the process if SDL cannot
-    // start.
+    TitleScreen* title = nullptr; // shown from start-up until the game begins
+
+    // Opens the window, loads the pictures, fonts and music, creates the scenes and the fader
+    // and shows the title; ends the process if SDL cannot start.
     void startUp();
     // Runs passes until the runlevel reaches 0, then shuts the engine down.
     void run();
-    // One frame: clear, draw the world and the HUD, end the frame, handle the keys.
+    // One frame: clear, draw the world, the HUD and the fader, end the frame, handle the keys.
     void pass();
     // The runlevel transitions driven by this frame's input.
     void handleKeys();
 
 private:
     bool titleKeyPressed() const;
+    // Fades in from black, tears the title down and starts the music.
     void enterGame();
     void takeScreenshot();
 

@@ -2,6 +2,7 @@
 
 #include "graphics/FrameBuffer.h"
 #include "graphics/FullscreenQuad.h"
+#include "graphics/ShaderProgram.h"
 #include "graphics/Texture.h"
 #include "scene/SceneRenderer.h"
 #include "scene/Shaders.h"
@@ -34,8 +35,11 @@ void Scene2D::render()
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     SceneRenderer::drawScene(*this, scratch());
 
-    // Composite under whichever program the last draw left bound.
+    // The composite binds the textured program itself: with nothing in the world the last
+    // program in use is the fader's colour program, which would paint the window white.
     vorlik::FrameBuffer::unbind();
+    Shaders::texture_shader_fixed->bind();
+    Shaders::texture_shader_fixed->setUniform("texture", 0);
     textures[0]->bind(GL_TEXTURE0);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     vorlik::drawFullscreenQuad();

@@ -1,9 +1,10 @@
-// The runlevel transitions of the main loop, driven through the engine's input snapshot
-// without a window.
+// The runlevel transitions of the main loop, driven through the engine's input snapshot and
+// clock without a window. Each simulated frame lasts 16 ms.
 #include "app/MainLoop.h"
 #include "app/Runlevel.h"
 #include "platform/EventState.h"
 #include "platform/Vorlik.h"
+#include "scene/Fader.h"
 
 #include <gtest/gtest.h>
 
@@ -12,19 +13,31 @@ using vorlik::Vorlik;
 
 namespace {
 
+constexpr uint32_t kFrameMs = 16;
+
 class MainLoopKeys : public ::testing::Test {
 protected:
     EventState input;
-    EventState* saved = nullptr;
+    EventState* savedEvents = nullptr;
+    Fader* savedFader = nullptr;
+    Fader fader;
     MainLoop loop;
 
     void SetUp() override
     {
-        saved = Vorlik::events;
+        savedEvents = Vorlik::events;
         Vorlik::events = &input;
+        savedFader = g_fader;
+        g_fader = &fader;
+        Vorlik::currentTime = 1000; // a new fader ended at 0, long ago
         runlevel = RUNLEVEL_TITLE;
     }
-    void TearDown() override { Vorlik::events = saved; }
+    void TearDown() override
+    {
+        Vorlik::events = savedEvents;
+        g_fader = savedFader;
+        Vorlik::currentTime = 0;
+    }
 
     void key(SDLKey k, bool down)
     {
@@ -32,6 +45,12 @@ protected:
         e.type = down ? SDL_KEYDOWN : SDL_KEYUP;
         e.key.keysym.sym = k;
         input.apply(e);
+    }
+    void tap(SDLKey k)
+    {
+        key(k, true);
+        frame();
+        key(k, false);
     }
     void button(Uint8 b, bool down)
     {
@@ -43,8 +62,25 @@ protected:
     // Closes a frame the way endFrame does and lets the loop react to it.
     void frame()
     {
+        Vorlik::currentTime += kFrameMs;
         input.snapshot();
         loop.handleKeys();
+    }
+    // Frames until the running fade is over, and one more for the loop to see it.
+    void finishFade()
+    {
+        while (!fader.isDone()) frame();
+        frame();
+    }
+    void expectFadingToBlack(uint32_t ms)
+    {
+        EXPECT_EQ(fader.red, 0.0f);
+        EXPECT_EQ(fader.green, 0.0f);
+        EXPECT_EQ(fader.blue, 0.0f);
+        EXPECT_EQ(fader.opacity, 1.0f);
+        EXPECT_EQ(fader.fromAlpha, 0.0f);
+        EXPECT_EQ(fader.toAlpha, 1.0f);
+        EXPECT_EQ(fader.endTime - fader.startTime, ms);
     }
 };
 
@@ -56,45 +92,104 @@ TEST_F(MainLoopKeys, TitleWaitsWithoutInput)
     EXPECT_EQ(runlevel, RUNLEVEL_TITLE);
 }
 
-TEST_F(MainLoopKeys, EachTitleKeyStartsTheGame)
+TEST_F(MainLoopKeys, EachTitleKeyStartsASecondLongFadeToBlack)
 {
     for (SDLKey k : {SDLK_RETURN, SDLK_SPACE, SDLK_KP_ENTER}) {
         runlevel = RUNLEVEL_TITLE;
-        key(k, true);
-        frame();
-        EXPECT_EQ(runlevel, RUNLEVEL_GAME) << "key " << k;
-        key(k, false);
+        fader = Fader();
+        tap(k);
+        EXPECT_EQ(runlevel, RUNLEVEL_ENTERING) << "key " << k;
+        expectFadingToBlack(1000);
         frame();
     }
 }
 
-TEST_F(MainLoopKeys, EachMouseButtonStartsTheGame)
+TEST_F(MainLoopKeys, EachMouseButtonStartsTheFadeIntoTheGame)
 {
     for (Uint8 b : {SDL_BUTTON_LEFT, SDL_BUTTON_MIDDLE, SDL_BUTTON_RIGHT}) {
         runlevel = RUNLEVEL_TITLE;
+        fader = Fader();
         button(b, true);
         frame();
-        EXPECT_EQ(runlevel, RUNLEVEL_GAME) << "button " << int(b);
         button(b, false);
+        EXPECT_EQ(runlevel, RUNLEVEL_ENTERING) << "button " << int(b);
         frame();
     }
+}
+
+TEST_F(MainLoopKeys, GameBeginsWhenTheFadeToBlackIsOverAndFadesIn)
+{
+    tap(SDLK_RETURN);
+    const uint32_t fadeEnd = fader.endTime;
+    while (Vorlik::currentTime <= fadeEnd) {
+        EXPECT_EQ(runlevel, RUNLEVEL_ENTERING);
+        frame();
+    }
+    EXPECT_EQ(runlevel, RUNLEVEL_GAME);
+    EXPECT_EQ(fader.fromAlpha, 1.0f);
+    EXPECT_EQ(fader.toAlpha, 0.0f);
+    EXPECT_EQ(fader.endTime - fader.startTime, 500u);
+}
+
+TEST_F(MainLoopKeys, ReturnAndEscapeInOneFrameStartTheGameAndIgnoreEscape)
+{
+    key(SDLK_RETURN, true);
+    key(SDLK_ESCAPE, true);
+    frame();
+    EXPECT_EQ(runlevel, RUNLEVEL_ENTERING);
+    expectFadingToBlack(1000);
+}
+
+TEST_F(MainLoopKeys, EscapeDuringTheFadeIntoTheGameIsIgnored)
+{
+    tap(SDLK_RETURN);
+    for (int i = 0; i < 10; ++i) frame();
+    tap(SDLK_ESCAPE);
+    EXPECT_EQ(runlevel, RUNLEVEL_ENTERING);
+    finishFade();
+    EXPECT_EQ(runlevel, RUNLEVEL_GAME);
+}
+
+TEST_F(MainLoopKeys, EscapeInTheGameQuitsAfterASecondLongFadeToBlack)
+{
+    runlevel = RUNLEVEL_GAME;
+    tap(SDLK_ESCAPE);
+    EXPECT_EQ(runlevel, RUNLEVEL_QUITTING);
+    expectFadingToBlack(1000);
+    const uint32_t fadeEnd = fader.endTime;
+    while (Vorlik::currentTime <= fadeEnd) {
+        EXPECT_EQ(runlevel, RUNLEVEL_QUITTING);
+        frame();
+    }
+    EXPECT_EQ(runlevel, RUNLEVEL_LEAVE);
+}
+
+TEST_F(MainLoopKeys, EscapeOnTheTitleQuitsToo)
+{
+    tap(SDLK_ESCAPE);
+    EXPECT_EQ(runlevel, RUNLEVEL_QUITTING);
+    finishFade();
+    EXPECT_EQ(runlevel, RUNLEVEL_LEAVE);
 }
 
 TEST_F(MainLoopKeys, HeldReturnDoesNotStartTheGameButAHeldButtonDoes)
 {
-    runlevel = RUNLEVEL_GAME;
+    // Both go down while a fade runs, so neither counts yet.
+    fader.fadeIn(500);
     key(SDLK_RETURN, true);
     button(SDL_BUTTON_LEFT, true);
     frame();
-    runlevel = RUNLEVEL_TITLE;
     button(SDL_BUTTON_LEFT, false);
-    frame();
-    EXPECT_EQ(runlevel, RUNLEVEL_TITLE) << "Return was pressed frames ago";
+    finishFade();
+    EXPECT_EQ(runlevel, RUNLEVEL_TITLE) << "Return went down during the fade";
+
+    fader.fadeIn(500);
     button(SDL_BUTTON_LEFT, true);
     frame();
-    runlevel = RUNLEVEL_TITLE;
+    EXPECT_EQ(runlevel, RUNLEVEL_TITLE);
+    Vorlik::currentTime = fader.endTime; // the next frame is the first after the fade
     frame();
-    EXPECT_EQ(runlevel, RUNLEVEL_GAME) << "a held button counts on every frame";
+    EXPECT_EQ(runlevel, RUNLEVEL_ENTERING) << "a held button counts as soon as the fade is over";
 }
 
 TEST_F(MainLoopKeys, OtherKeysAndTheWheelDoNotStartTheGame)
@@ -105,22 +200,9 @@ TEST_F(MainLoopKeys, OtherKeysAndTheWheelDoNotStartTheGame)
     EXPECT_EQ(runlevel, RUNLEVEL_TITLE);
 }
 
-TEST_F(MainLoopKeys, EscapeEndsTheLoopFromEveryRunlevel)
-{
-    for (int level : {RUNLEVEL_TITLE, RUNLEVEL_GAME, RUNLEVEL_MENU}) {
-        runlevel = level;
-        key(SDLK_ESCAPE, true);
-        frame();
-        EXPECT_EQ(runlevel, RUNLEVEL_LEAVE) << "from runlevel " << level;
-        key(SDLK_ESCAPE, false);
-        frame();
-    }
-}
-
-TEST_F(MainLoopKeys, TheMenuRunlevelIsLeftAlone)
+TEST_F(MainLoopKeys, TheMenuRunlevelIgnoresTheTitleKeys)
 {
     runlevel = RUNLEVEL_MENU;
-    key(SDLK_RETURN, true);
-    frame();
+    tap(SDLK_RETURN);
     EXPECT_EQ(runlevel, RUNLEVEL_MENU);
 }

@@ -3,8 +3,10 @@
 #include "DisplayTest.h"
 #include "SceneGLNodes.h"
 #include "graphics/FrameBuffer.h"
+#include "graphics/ShaderProgram.h"
 #include "graphics/Texture.h"
 #include "scene/Group.h"
+#include "scene/Shaders.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -178,6 +180,21 @@ TEST_F(Scene2DTest, EachRenderStartsFromAClearedTarget)
     const LitArea lit = WindowPixels(kWidth, kHeight).lit();
     EXPECT_EQ(lit.count, 400);
     EXPECT_EQ(lit.left, 640 + 200 - 10);
+}
+
+TEST_F(Scene2DTest, EmptyWorldCompositesItsClearedTargetWhateverProgramWasBound)
+{
+    glClearColor(0, 0, 1, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glClearColor(0, 0, 0, 1);
+    Shaders::color_shader_fixed->bind(); // as the fader leaves it
+    world->render();
+
+    const WindowPixels pixels(kWidth, kHeight);
+    for (int x : {0, 640, 1279}) {
+        EXPECT_LT(pixels.at(x, 360).r, 10) << "x " << x;
+        EXPECT_LT(pixels.at(x, 360).b, 10) << "x " << x;
+    }
 }
 
 TEST_F(Scene2DTest, CompositeBlendsNormallyWhateverTheLastNodeUsed)
