@@ -4,7 +4,7 @@ source "$(dirname "$0")/lib/common.sh"
 
 start_game
 window="$(wait_for_window)"
-sleep 0.5
+wait_for_startup
 press_key "$window" Escape
 wait_for_exit 5
 [ "$GAME_STATUS" -eq 0 ] || fail "exit status $GAME_STATUS after Escape, expected 0"

@@ -6,6 +6,7 @@ use_readable_front_buffer
 
 start_game
 window="$(wait_for_window)"
+wait_for_startup
 sleep 1
 for n in 1 2 3; do press_key "$window" F1; done
 deadline=$((SECONDS + 10))

@@ -5,7 +5,7 @@ source "$(dirname "$0")/lib/common.sh"
 
 start_game
 window="$(wait_for_window)"
-sleep 0.5
+wait_for_startup
 press_key "$window" Return
 kill -0 "$GAME_PID" 2>/dev/null || fail "kelvane ended on Return"
 kill -TERM "$GAME_PID"

@@ -4,6 +4,7 @@ source "$(dirname "$0")/lib/common.sh"
 
 start_game
 wait_for_window >/dev/null
+wait_for_startup
 sleep 0.5
 kill -TERM "$GAME_PID"
 wait_for_exit 2

@@ -11,7 +11,8 @@ lit_pixels() {
 
 start_game
 window="$(wait_for_window)"
-sleep 2
+wait_for_startup
+sleep 1
 press_key "$window" F1
 deadline=$((SECONDS + 10))
 while [ ! -s "$GAME_DIR/screenshot_1.bmp" ] && [ $SECONDS -lt $deadline ]; do sleep 0.1; done

@@ -5,7 +5,7 @@ set -euo pipefail
 RUN_DIR="${1:?usage: $0 RUN_DIR}"
 # Seconds a key is held: several frames, since a key that goes down and up between two of the
 # game's frames is never seen.
-HOLD_SECONDS=0.15
+HOLD_SECONDS=0.3
 
 # F1 reads the frame back from the front buffer, which Mesa's llvmpipe leaves black under Xvfb.
 # A script that looks at what a screenshot shows calls this first: softpipe keeps the front
@@ -55,6 +55,17 @@ wait_for_window() {
     sleep 0.1
   done
   fail "no window captioned \"$CAPTION\" within ${1:-30} s"
+}
+
+# Waits until start-up is over (its last line, the texture memory, is on stdout) so that keys
+# reach the running main loop rather than a program still loading its pictures.
+wait_for_startup() {
+  local deadline=$((SECONDS + ${1:-120}))
+  while ! grep -q '^Used texture memory: ' "$WORK/stdout" 2>/dev/null; do
+    kill -0 "$GAME_PID" 2>/dev/null || fail "kelvane ended during start-up"
+    [ $SECONDS -lt $deadline ] || fail "start-up did not finish within ${1:-120} s"
+    sleep 0.1
+  done
 }
 
 # Waits at most $1 seconds (fractions allowed) for the game to end; sets GAME_STATUS.
