@@ -1,8 +1,8 @@
 #include "app/MainLoop.h"
 
-#include "app/GameRandom.h"
+#include "base/GameRandom.h"
 #include "app/Music.h"
-#include "app/Resources.h"
+#include "base/Resources.h"
 #include "app/Runlevel.h"
 #include "app/TitleScreen.h"
 #include "core/String.h"

@@ -1,6 +1,6 @@
 #include "app/TitleScreen.h"
 
-#include "app/Resources.h"
+#include "base/Resources.h"
 #include "platform/Vorlik.h"
 #include "scene/DirectScene2D.h"
 #include "scene/Text.h"

@@ -1,8 +1,10 @@
-// Test fixture for code that needs a real window and GL context (run under Xvfb).
-// Opens a 1280 x 720 windowed context once per test process and skips the test when no X
-// display is available, so the logic suites still run anywhere.
+// Test fixtures for code that needs a real window and GL context (run under Xvfb).
+// DisplayTest opens a 1280 x 720 windowed context once per test process and skips the test
+// when no X display is available, so the logic suites still run anywhere. CleanWindowTest
+// also resets the window before each test: pixel projection, no program, cleared to black.
 #pragma once
 
+#include "PixelProbe.h"
 #include "platform/Vorlik.h"
 
 #include <gtest/gtest.h>
@@ -17,5 +19,15 @@ protected:
     {
         if (std::getenv("DISPLAY") == nullptr) GTEST_SKIP() << "no X display";
         if (vorlik::Vorlik::events == nullptr) vorlik::Vorlik::init(kWidth, kHeight, "test", false, false);
+    }
+};
+
+class CleanWindowTest : public DisplayTest {
+protected:
+    void SetUp() override
+    {
+        DisplayTest::SetUp();
+        if (IsSkipped()) return;
+        pixelprobe::resetWindow(kWidth, kHeight);
     }
 };

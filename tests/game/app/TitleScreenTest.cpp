@@ -3,7 +3,7 @@
 #include "app/TitleScreen.h"
 
 #include "DisplayTest.h"
-#include "app/Resources.h"
+#include "base/Resources.h"
 #include "graphics/Font.h"
 #include "graphics/Image.h"
 #include "platform/Vorlik.h"

@@ -1,3 +1,3 @@
-#include "app/GameRandom.h"
+#include "base/GameRandom.h"
 
 vorlik::Random g_rand(kStaticRandomSeed);

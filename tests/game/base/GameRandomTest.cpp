@@ -1,5 +1,5 @@
 // The game's random generator as it stands before start-up reseeds it from the clock.
-#include "app/GameRandom.h"
+#include "base/GameRandom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/ParticleDisc.h"
+#include "base/ParticleDisc.h"
 
 #include "graphics/Color.h"
 #include "graphics/Image.h"

@@ -1,6 +1,6 @@
-#include "app/Resources.h"
+#include "base/Resources.h"
 
-#include "app/ParticleDisc.h"
+#include "base/ParticleDisc.h"
 #include "graphics/Font.h"
 #include "graphics/Image.h"
 #include "graphics/ImageLoader.h"
