@@ -1,12 +1,12 @@
 #include "math/mat4.h"
 
+#include "math/scalar.h"
+
 #include <cmath>
 
 namespace vorlik {
 
 namespace {
-
-constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 
 // The adjugate (transposed cofactor matrix) of a. The formula reads the same for row-major and
 // column-major storage, since the inverse of the transpose is the transpose of the inverse.
@@ -165,7 +165,7 @@ mat4 mat4::ortho(float left, float right, float top, float bottom, float near, f
 
 mat4 mat4::perspective(float fovYDegrees, float aspect, float near, float far)
 {
-    const float halfHeight = near * static_cast<float>(std::tan(fovYDegrees * kRadiansPerDegree / 2.0));
+    const float halfHeight = near * std::tan(degreesToRadians(fovYDegrees) / 2.0f);
     const float halfWidth = halfHeight * aspect;
     return frustum(-halfWidth, halfWidth, halfHeight, -halfHeight, near, far);
 }

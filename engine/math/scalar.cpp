@@ -6,9 +6,8 @@ namespace vorlik {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 // Three quarters of a turn: sin(t * pi + this) runs from -1 to 1 as t runs from 0 to 1.
-constexpr double kThreeHalvesPi = 4.71238898038469;
+constexpr double kThreeHalvesPi = 1.5 * kPiDouble;
 
 bool insideUnit(float t) { return t >= 0.0f && t <= 1.0f; }
 
@@ -71,20 +70,20 @@ float lerp(float t, float a, float b) { return a + (b - a) * t; }
 float smoothLerp(float t, float a, float b)
 {
     if (!insideUnit(t)) return lerp(t, a, b);
-    const float eased = static_cast<float>((std::sin(t * kPi + kThreeHalvesPi) + 1.0) / 2.0);
+    const float eased = static_cast<float>((std::sin(t * kPiDouble + kThreeHalvesPi) + 1.0) / 2.0);
     return lerp(eased, a, b);
 }
 
 float easeOutLerp(float t, float a, float b)
 {
     if (!insideUnit(t)) return lerp(t, a, b);
-    return lerp(static_cast<float>(std::sin(t * kPi / 2.0)), a, b);
+    return lerp(static_cast<float>(std::sin(t * kPiDouble / 2.0)), a, b);
 }
 
 float easeInLerp(float t, float a, float b)
 {
     if (!insideUnit(t)) return lerp(t, a, b);
-    return lerp(static_cast<float>(1.0 - std::cos(t * kPi / 2.0)), a, b);
+    return lerp(static_cast<float>(1.0 - std::cos(t * kPiDouble / 2.0)), a, b);
 }
 
 uint32_t nextPowerOfTwo(uint32_t v)

@@ -1,5 +1,6 @@
-// Scalar helpers used by the vector and matrix types and by game code: wrapping into a range,
-// clamping, array minimum and maximum, interpolation curves and power-of-two rounding.
+// Scalar helpers used by the vector and matrix types and by game code: pi and the conversions
+// between degrees and radians, wrapping into a range, clamping, array minimum and maximum,
+// interpolation curves and power-of-two rounding.
 // The interpolations take t in [0, 1]; outside that range they all extrapolate linearly.
 // The array helpers read the first element unconditionally, so they need at least one value.
 #pragma once
@@ -7,6 +8,15 @@
 #include <cstdint>
 
 namespace vorlik {
+
+// Pi in double precision, for the helpers that compute in double (the interpolation curves).
+constexpr double kPiDouble = 3.14159265358979323846;
+// The same rounded to float, for angles kept in float.
+constexpr float kPi = static_cast<float>(kPiDouble);
+
+// Drawables turn by degrees, while sin, cos and the rotations take radians.
+constexpr float degreesToRadians(float degrees) { return degrees * (kPi / 180.0f); }
+constexpr float radiansToDegrees(float radians) { return radians * (180.0f / kPi); }
 
 // v folded into [min(a, b), max(a, b)); a when the range is empty.
 int wrap(int v, int a, int b);

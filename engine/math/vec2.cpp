@@ -1,12 +1,10 @@
 #include "math/vec2.h"
 
+#include "math/scalar.h"
+
 #include <cmath>
 
 namespace vorlik {
-
-namespace {
-constexpr double kDegreesPerRadian = 57.29578;
-}
 
 vec2& vec2::operator/=(float s)
 {
@@ -37,11 +35,11 @@ float vec2::angleTo(const vec2& target) const
 {
     const float dy = target.y - y;
     const float dx = target.x - x;
-    double degrees = -std::atan2(static_cast<double>(dy), static_cast<double>(dx)) * kDegreesPerRadian;
+    float degrees = -radiansToDegrees(std::atan2(dy, dx));
     // Negating atan2 gives (-180, 0] for targets on the +y side; lifting those by a full turn keeps
     // the answer positive, at the price of 360 (not 0) for a target straight along +x.
-    if (dy >= 0.0f) degrees += 360.0;
-    return static_cast<float>(degrees);
+    if (dy >= 0.0f) degrees += 360.0f;
+    return degrees;
 }
 
 void vec2::rotate(float radians)

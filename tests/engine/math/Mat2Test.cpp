@@ -1,4 +1,5 @@
 #include "math/mat2.h"
+#include "math/scalar.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +10,7 @@ using namespace vorlik;
 
 namespace {
 
-constexpr float kHalfPi = 1.57079632679f;
+constexpr float kHalfPi = kPi / 2.0f;
 
 void expectNear(const mat2& actual, const mat2& expected, float tolerance = 1e-6f)
 {

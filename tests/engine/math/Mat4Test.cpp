@@ -1,4 +1,5 @@
 #include "math/mat4.h"
+#include "math/scalar.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ using namespace vorlik;
 
 namespace {
 
-constexpr float kHalfPi = 1.57079632679f;
+constexpr float kHalfPi = kPi / 2.0f;
 
 mat4 fromColumns(std::initializer_list<float> values)
 {
@@ -192,7 +193,7 @@ TEST(Mat4, TranslateAndScaleComposeOnTheRight)
 
 TEST(Mat4, PerspectiveIsSymmetricFrustum)
 {
-    const float halfHeight = 0.1f * std::tan(45.0f * 3.14159265358979f / 360.0f);
+    const float halfHeight = 0.1f * std::tan(degreesToRadians(45.0f) / 2.0f);
     expectNear(mat4::perspective(45.0f, 2.0f, 0.1f, 100.0f),
                mat4::frustum(-2.0f * halfHeight, 2.0f * halfHeight, halfHeight, -halfHeight, 0.1f, 100.0f),
                1e-5f);

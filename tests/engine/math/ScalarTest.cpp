@@ -7,6 +7,39 @@
 
 using namespace vorlik;
 
+static_assert(degreesToRadians(0.0f) == 0.0f, "the conversions are usable in constant expressions");
+static_assert(radiansToDegrees(0.0f) == 0.0f, "the conversions are usable in constant expressions");
+
+TEST(Pi, FloatIsTheDoubleRounded)
+{
+    EXPECT_EQ(kPi, static_cast<float>(kPiDouble));
+    EXPECT_DOUBLE_EQ(kPiDouble, std::acos(-1.0));
+    EXPECT_FLOAT_EQ(kPi, std::acos(-1.0f));
+}
+
+TEST(DegreesToRadians, QuarterHalfAndFullTurns)
+{
+    EXPECT_FLOAT_EQ(degreesToRadians(90.0f), kPi / 2.0f);
+    EXPECT_FLOAT_EQ(degreesToRadians(180.0f), kPi);
+    EXPECT_FLOAT_EQ(degreesToRadians(360.0f), 2.0f * kPi);
+    EXPECT_FLOAT_EQ(degreesToRadians(-45.0f), -kPi / 4.0f);
+    EXPECT_EQ(degreesToRadians(0.0f), 0.0f);
+}
+
+TEST(RadiansToDegrees, QuarterHalfAndFullTurns)
+{
+    EXPECT_FLOAT_EQ(radiansToDegrees(kPi / 2.0f), 90.0f);
+    EXPECT_FLOAT_EQ(radiansToDegrees(kPi), 180.0f);
+    EXPECT_FLOAT_EQ(radiansToDegrees(-2.0f * kPi), -360.0f);
+    EXPECT_FLOAT_EQ(radiansToDegrees(1.0f), 57.29578f);
+}
+
+TEST(DegreesToRadians, RoundTripKeepsTheAngle)
+{
+    for (float degrees = -720.0f; degrees <= 720.0f; degrees += 7.5f)
+        EXPECT_NEAR(radiansToDegrees(degreesToRadians(degrees)), degrees, 1e-4f) << degrees;
+}
+
 TEST(Wrap, NegativeValueWrapsToTopOfRange) { EXPECT_EQ(wrap(-1, 0, 10), 9); }
 
 TEST(Wrap, ReversedBoundsAreOrdered) { EXPECT_EQ(wrap(5, 10, 0), 5); }
@@ -87,7 +120,7 @@ TEST(SmoothLerp, ExtrapolatesLinearlyOutsideUnit)
 TEST(SmoothLerp, IsTheCosineEase)
 {
     for (float t = 0.0f; t <= 1.0f; t += 0.125f) {
-        const double s = (1.0 - std::cos(3.14159265358979323846 * t)) / 2.0;
+        const double s = (1.0 - std::cos(kPiDouble * t)) / 2.0;
         EXPECT_NEAR(smoothLerp(t, 0.0f, 1.0f), s, 1e-6) << "t = " << t;
     }
     // Slow at both ends: the first eighth covers far less than an eighth of the way.
@@ -98,7 +131,7 @@ TEST(EaseOutLerp, SineCurveInsideUnit)
 {
     EXPECT_FLOAT_EQ(easeOutLerp(0.0f, 0.0f, 100.0f), 0.0f);
     EXPECT_FLOAT_EQ(easeOutLerp(0.5f, 0.0f, 100.0f),
-                    static_cast<float>(std::sin(3.14159265358979323846 / 4.0)) * 100.0f);
+                    static_cast<float>(std::sin(kPiDouble / 4.0)) * 100.0f);
     EXPECT_FLOAT_EQ(easeOutLerp(1.0f, 0.0f, 100.0f), 100.0f);
     EXPECT_FLOAT_EQ(easeOutLerp(2.0f, 0.0f, 100.0f), 200.0f);
 }
@@ -106,7 +139,7 @@ TEST(EaseOutLerp, SineCurveInsideUnit)
 TEST(EaseInLerp, CosineCurveInsideUnit)
 {
     EXPECT_FLOAT_EQ(easeInLerp(0.0f, 0.0f, 100.0f), 0.0f);
-    EXPECT_NEAR(easeInLerp(0.5f, 0.0f, 100.0f), (1.0 - std::cos(3.14159265358979323846 / 4.0)) * 100.0, 1e-4);
+    EXPECT_NEAR(easeInLerp(0.5f, 0.0f, 100.0f), (1.0 - std::cos(kPiDouble / 4.0)) * 100.0, 1e-4);
     EXPECT_NEAR(easeInLerp(1.0f, 0.0f, 100.0f), 100.0f, 1e-4f);
     EXPECT_FLOAT_EQ(easeInLerp(-1.0f, 0.0f, 100.0f), -100.0f);
 }

@@ -1,4 +1,5 @@
 #include "math/vec2.h"
+#include "math/scalar.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,7 @@
 using namespace vorlik;
 
 namespace {
-constexpr float kHalfPi = 1.57079632679f;
+constexpr float kHalfPi = kPi / 2.0f;
 }
 
 TEST(Vec2, DefaultIsZero) { EXPECT_EQ(vec2(), vec2(0.0f, 0.0f)); }

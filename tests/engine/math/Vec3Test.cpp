@@ -1,4 +1,5 @@
 #include "math/vec3.h"
+#include "math/scalar.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ using namespace vorlik;
 
 namespace {
 
-constexpr float kHalfPi = 1.57079632679f;
+constexpr float kHalfPi = kPi / 2.0f;
 
 void expectNear(const vec3& actual, const vec3& expected, float tolerance = 1e-5f)
 {
