@@ -1,7 +1,8 @@
 // Stack<T>: a growable array of plain values (vectors, matrices, pointers, vertex records). The
 // block holds capacity + 1 zeroed elements, grows by doubling and is copied bytewise, so T must
 // be trivially copyable: no constructor or destructor of T ever runs. Indexing is unchecked.
-// Copies are deep (a copy owns its own block); removal is left to the owners.
+// Copies are deep (a copy owns its own block); pop() takes from the top, any other removal is
+// left to the owners.
 #pragma once
 
 #include <cstdint>
@@ -49,6 +50,20 @@ public:
         if (count == capacity) reserve(capacity == 0 ? 1 : capacity * 2);
         data[count] = pushed;
         ++count;
+    }
+
+    // Removes the top element and returns it. An empty stack stays empty and gives an element of
+    // zero bytes, like a freshly allocated one, so a pop too many reads no stale or freed data.
+    T pop()
+    {
+        if (count == 0) {
+            // Copied from the spare slot only to get a T without asking T for a default constructor.
+            T zeroed = data[capacity];
+            std::memset(static_cast<void*>(&zeroed), 0, sizeof(T));
+            return zeroed;
+        }
+        --count;
+        return data[count];
     }
 
     // Grows the block to hold n elements, keeping the elements and their order; never shrinks.

@@ -174,3 +174,45 @@ TEST(Stack, IteratesOverElementsInUse)
     for (int v : s) sum += v;
     EXPECT_EQ(sum, 6);
 }
+
+TEST(Stack, PopReturnsTheTopAndShrinksTheCount)
+{
+    Stack<int> s;
+    s.push(1);
+    s.push(2);
+    s.push(3);
+    EXPECT_EQ(s.pop(), 3);
+    EXPECT_EQ(s.count, 2u);
+    EXPECT_EQ(s.pop(), 2);
+    s.push(4);
+    EXPECT_EQ(s.pop(), 4);
+    EXPECT_EQ(s.pop(), 1);
+    EXPECT_TRUE(s.empty());
+    EXPECT_EQ(s.capacity, 16u);
+}
+
+TEST(Stack, PopOfEmptyStackGivesZeroBytesAndStaysEmpty)
+{
+    Stack<mat2> s(2);
+    s.push(mat2(1.0f, 2.0f, 3.0f, 4.0f, 5.0f, 6.0f));
+    s.pop();
+    // The popped element is still in the block; an extra pop must not hand it out again.
+    const mat2 extra = s.pop();
+    EXPECT_TRUE(allZeroBytes(&extra, 1));
+    EXPECT_EQ(s.count, 0u);
+    const mat2 another = s.pop();
+    EXPECT_TRUE(allZeroBytes(&another, 1));
+    EXPECT_EQ(s.count, 0u);
+    s.push(mat2());
+    EXPECT_EQ(s.count, 1u);
+    EXPECT_EQ(s[0], mat2());
+}
+
+TEST(Stack, PopAfterGrowthKeepsOrder)
+{
+    Stack<int> s(0);
+    for (int i = 0; i < 40; ++i) s.push(i);
+    for (int i = 39; i >= 0; --i) ASSERT_EQ(s.pop(), i);
+    EXPECT_EQ(s.pop(), 0);
+    EXPECT_EQ(s.count, 0u);
+}
