@@ -49,7 +49,8 @@ bool openWindow()
     if (std::getenv("DISPLAY") == nullptr) return false;
     if (vorlik::Vorlik::events == nullptr) {
         enterRunDirectory();
-        vorlik::Vorlik::init(kWidth, kHeight, "RenderBench", false, false);
+        using vorlik::Vorlik;
+        Vorlik::init(kWidth, kHeight, "RenderBench", Vorlik::kWindowed, Vorlik::kVsyncOff);
     }
     return true;
 }

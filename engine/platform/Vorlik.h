@@ -27,6 +27,10 @@ public:
     static int32_t sync16;                 // the same in 16.16 fixed-point seconds
     static uint32_t framenum;              // completed frames, never reset
 
+    // Names for init's two flags, so that a call says which window it asks for.
+    static constexpr bool kFullscreen = true, kWindowed = false;
+    static constexpr bool kVsyncOn = true, kVsyncOff = false;
+
     Vorlik() = delete;
 
     // Starts SDL, opens the window with a GL context and starts the event thread. A failed

@@ -43,7 +43,7 @@ void setFaderColor(float r, float g, float b)
 
 void MainLoop::startUp()
 {
-    Vorlik::init(kWindowWidth, kWindowHeight, kCaption, true, true);
+    Vorlik::init(kWindowWidth, kWindowHeight, kCaption, Vorlik::kFullscreen, Vorlik::kVsyncOn);
     // A first reading of the frame clock, and a first empty frame on screen.
     Vorlik::endFrame();
     loadResources();

@@ -17,8 +17,10 @@ protected:
 
     void SetUp() override
     {
+        using vorlik::Vorlik;
         if (std::getenv("DISPLAY") == nullptr) GTEST_SKIP() << "no X display";
-        if (vorlik::Vorlik::events == nullptr) vorlik::Vorlik::init(kWidth, kHeight, "test", false, false);
+        if (Vorlik::events == nullptr)
+            Vorlik::init(kWidth, kHeight, "test", Vorlik::kWindowed, Vorlik::kVsyncOff);
     }
 };
 

@@ -93,7 +93,7 @@ TEST(VorlikStatics, StartZeroedWithAutoexitOn)
 
 TEST_F(VorlikLifecycle, InvalidArgumentsOpenA640By480WindowCaptionedDemo)
 {
-    Vorlik::init(0, -5, nullptr, false, false);
+    Vorlik::init(0, -5, nullptr, Vorlik::kWindowed, Vorlik::kVsyncOff);
     EXPECT_EQ(Vorlik::getWidth(), 640u);
     EXPECT_EQ(Vorlik::getHeight(), 480u);
     ASSERT_NE(Vorlik::window, nullptr);
@@ -109,7 +109,7 @@ TEST_F(VorlikLifecycle, InvalidArgumentsOpenA640By480WindowCaptionedDemo)
 TEST_F(VorlikLifecycle, InitKeepsTheCaptionPointerAndTheFullscreenRequest)
 {
     static const char caption[] = "Kelvane - Unfinished TSY '11 version";
-    Vorlik::init(320, 200, caption, false, true);
+    Vorlik::init(320, 200, caption, Vorlik::kWindowed, Vorlik::kVsyncOn);
     EXPECT_EQ(Vorlik::title, caption);
     EXPECT_FALSE(Vorlik::fullscreen);
     char* shown = nullptr;
@@ -120,13 +120,13 @@ TEST_F(VorlikLifecycle, InitKeepsTheCaptionPointerAndTheFullscreenRequest)
 
 TEST_F(VorlikLifecycle, InitHidesTheSystemCursor)
 {
-    Vorlik::init(320, 200, "cursor", false, false);
+    Vorlik::init(320, 200, "cursor", Vorlik::kWindowed, Vorlik::kVsyncOff);
     EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_DISABLE);
 }
 
 TEST_F(VorlikLifecycle, InitOpensADoubleBufferedRgba8ContextWithStencil)
 {
-    Vorlik::init(320, 200, "attributes", false, false);
+    Vorlik::init(320, 200, "attributes", Vorlik::kWindowed, Vorlik::kVsyncOff);
     ASSERT_NE(Vorlik::window, nullptr);
     EXPECT_TRUE(Vorlik::window->flags & SDL_OPENGL);
     EXPECT_FALSE(Vorlik::window->flags & SDL_FULLSCREEN);
@@ -143,7 +143,7 @@ TEST_F(VorlikLifecycle, InitOpensADoubleBufferedRgba8ContextWithStencil)
 
 TEST_F(VorlikLifecycle, InitAsksForTheNicestRendering)
 {
-    Vorlik::init(320, 200, "hints", false, false);
+    Vorlik::init(320, 200, "hints", Vorlik::kWindowed, Vorlik::kVsyncOff);
     for (GLenum hint : {GL_LINE_SMOOTH_HINT, GL_POLYGON_SMOOTH_HINT, GL_PERSPECTIVE_CORRECTION_HINT,
                         GL_TEXTURE_COMPRESSION_HINT}) {
         GLint mode = 0;
@@ -154,7 +154,7 @@ TEST_F(VorlikLifecycle, InitAsksForTheNicestRendering)
 
 TEST_F(VorlikLifecycle, InitSetsTheRgbaColorLayout)
 {
-    Vorlik::init(320, 200, "layout", false, false);
+    Vorlik::init(320, 200, "layout", Vorlik::kWindowed, Vorlik::kVsyncOff);
     EXPECT_EQ(vorlik::Color::rmask, 0x000000FFu);
     EXPECT_EQ(vorlik::Color::gmask, 0x0000FF00u);
     EXPECT_EQ(vorlik::Color::bmask, 0x00FF0000u);
@@ -164,12 +164,12 @@ TEST_F(VorlikLifecycle, InitSetsTheRgbaColorLayout)
 
 TEST_F(VorlikLifecycle, InitStartsTheEventThreadAndASecondInitKeepsIt)
 {
-    Vorlik::init(320, 200, "first", false, false);
+    Vorlik::init(320, 200, "first", Vorlik::kWindowed, Vorlik::kVsyncOff);
     ASSERT_NE(Vorlik::events, nullptr);
     EventState* events = Vorlik::events;
     SDL_Thread* thread = events->thread;
     EXPECT_NE(thread, nullptr);
-    Vorlik::init(400, 300, "second", false, false);
+    Vorlik::init(400, 300, "second", Vorlik::kWindowed, Vorlik::kVsyncOff);
     EXPECT_EQ(Vorlik::events, events);
     EXPECT_EQ(Vorlik::events->thread, thread);
     EXPECT_EQ(Vorlik::getWidth(), 400u);
@@ -177,7 +177,7 @@ TEST_F(VorlikLifecycle, InitStartsTheEventThreadAndASecondInitKeepsIt)
 
 TEST_F(VorlikLifecycle, FirstEndFrameMeasuresTimeSinceSdlStart)
 {
-    Vorlik::init(320, 200, "clock", false, false);
+    Vorlik::init(320, 200, "clock", Vorlik::kWindowed, Vorlik::kVsyncOff);
     Vorlik::endFrame();
     EXPECT_EQ(Vorlik::lastTime, 0u);
     EXPECT_EQ(Vorlik::tm_last, 0u);
@@ -187,7 +187,7 @@ TEST_F(VorlikLifecycle, FirstEndFrameMeasuresTimeSinceSdlStart)
 
 TEST_F(VorlikLifecycle, ShutdownResetsTheStaticsButNotFramenum)
 {
-    Vorlik::init(320, 200, "reset", false, false);
+    Vorlik::init(320, 200, "reset", Vorlik::kWindowed, Vorlik::kVsyncOff);
     Vorlik::endFrame();
     Vorlik::endFrame();
     Vorlik::setAutoexit(false);
