@@ -6,10 +6,23 @@ namespace vorlik {
 
 namespace {
 constexpr Uint32 kIdleDelayMs = 10;
+constexpr std::memory_order kRelaxed = std::memory_order_relaxed;
 
 bool bitSet(const uint32_t* words, unsigned bit) { return (words[bit >> 5] >> (bit & 31)) & 1u; }
-void setBit(uint32_t* words, unsigned bit) { words[bit >> 5] |= 1u << (bit & 31); }
-void clearBit(uint32_t* words, unsigned bit) { words[bit >> 5] &= ~(1u << (bit & 31)); }
+
+// The event thread is the only writer of the live words, so a load, a bit change and a store
+// lose no other change; they stay plain moves where an atomic or/and would lock the bus.
+void setBit(std::atomic<uint32_t>* words, unsigned bit)
+{
+    std::atomic<uint32_t>& word = words[bit >> 5];
+    word.store(word.load(kRelaxed) | (1u << (bit & 31)), kRelaxed);
+}
+
+void clearBit(std::atomic<uint32_t>* words, unsigned bit)
+{
+    std::atomic<uint32_t>& word = words[bit >> 5];
+    word.store(word.load(kRelaxed) & ~(1u << (bit & 31)), kRelaxed);
+}
 
 // Keys outside the bitmap read as up; the comparison is unsigned so negative keys do too.
 bool validKey(int key) { return static_cast<unsigned>(key) < EventState::kKeyCount; }
@@ -27,7 +40,7 @@ void EventState::start()
 void EventState::stop()
 {
     if (thread != nullptr) {
-        running = false;
+        running.store(false, kRelaxed);
         SDL_WaitThread(thread, nullptr);
     }
     thread = nullptr;
@@ -43,17 +56,17 @@ void EventState::apply(const SDL_Event& event)
         if (validKey(event.key.keysym.sym)) clearBit(liveKeys, event.key.keysym.sym);
         break;
     case SDL_MOUSEMOTION:
-        liveMouseX = event.motion.x;
-        liveMouseY = event.motion.y;
+        liveMouseX.store(event.motion.x, kRelaxed);
+        liveMouseY.store(event.motion.y, kRelaxed);
         break;
     case SDL_MOUSEBUTTONDOWN:
-        if (validButton(event.button.button)) liveButtons |= 1u << event.button.button;
+        if (validButton(event.button.button)) setBit(&liveButtons, event.button.button);
         break;
     case SDL_MOUSEBUTTONUP:
-        if (validButton(event.button.button)) liveButtons &= ~(1u << event.button.button);
+        if (validButton(event.button.button)) clearBit(&liveButtons, event.button.button);
         break;
     case SDL_QUIT:
-        quitRequested = true;
+        quitRequested.store(true, kRelaxed);
         break;
     default:
         break;
@@ -63,13 +76,13 @@ void EventState::apply(const SDL_Event& event)
 void EventState::snapshot()
 {
     std::memcpy(previousKeys, currentKeys, sizeof currentKeys);
-    std::memcpy(currentKeys, liveKeys, sizeof liveKeys);
+    for (int w = 0; w < kKeyWords; ++w) currentKeys[w] = liveKeys[w].load(kRelaxed);
     previousMouseX = currentMouseX;
     previousMouseY = currentMouseY;
-    currentMouseX = liveMouseX;
-    currentMouseY = liveMouseY;
+    currentMouseX = liveMouseX.load(kRelaxed);
+    currentMouseY = liveMouseY.load(kRelaxed);
     previousButtons = currentButtons;
-    currentButtons = liveButtons;
+    currentButtons = liveButtons.load(kRelaxed);
 }
 
 bool EventState::keyDown(int key) const { return validKey(key) && bitSet(currentKeys, key); }
@@ -103,12 +116,12 @@ int __vorlik_event_loop(void* data)
 {
     EventState* state = static_cast<EventState*>(data);
     SDL_Event event{};
-    if (!state->running) return 0;
+    if (!state->running.load(kRelaxed)) return 0;
     for (;;) {
         // Drain everything queued before looking at the running flag again.
         while (SDL_PollEvent(&event)) state->apply(event);
         SDL_Delay(kIdleDelayMs);
-        if (!state->running) return 0;
+        if (!state->running.load(kRelaxed)) return 0;
     }
 }
 

@@ -1,11 +1,11 @@
 // The input record shared by the main thread and the event thread.
 // The event thread writes the live fields as SDL events arrive; once a frame the main thread
 // copies them into the current snapshot (and the current one into the previous), and every
-// query reads only the snapshots, so an answer stays the same for a whole frame. The two
-// threads share the record without a lock: a torn update only shows a change a frame late.
+// query reads only the snapshots, so an answer stays the same for a whole frame.
 #pragma once
 
 #include <SDL.h>
+#include <atomic>
 #include <cstdint>
 
 namespace vorlik {
@@ -16,19 +16,21 @@ public:
     static constexpr int kKeyWords = kKeyCount / 32;
     static constexpr unsigned kButtonBits = 32;
 
+    // The atomics are shared by the two threads without a lock. Relaxed loads and stores are
+    // enough: no other data is published through them, and a change seen a frame late is fine.
     SDL_Thread* thread = nullptr;
-    bool running = true;
-    bool quitRequested = false;
+    std::atomic<bool> running{true};
+    std::atomic<bool> quitRequested{false}; // set by the event thread, never cleared by it
 
-    uint32_t liveKeys[kKeyWords] = {};
+    std::atomic<uint32_t> liveKeys[kKeyWords] = {};
     uint32_t currentKeys[kKeyWords] = {};
     uint32_t previousKeys[kKeyWords] = {};
 
-    int32_t liveMouseX = 0, liveMouseY = 0;
+    std::atomic<int32_t> liveMouseX{0}, liveMouseY{0};
     int32_t currentMouseX = 0, currentMouseY = 0;
     int32_t previousMouseX = 0, previousMouseY = 0;
 
-    uint32_t liveButtons = 0;
+    std::atomic<uint32_t> liveButtons{0};
     uint32_t currentButtons = 0;
     uint32_t previousButtons = 0;
 
@@ -59,5 +61,10 @@ public:
 // Body of the event thread: drains the SDL queue into the EventState given as data, sleeping
 // 10 ms whenever the queue is empty, until the record's running flag is cleared.
 int __vorlik_event_loop(void* data);
+
+// The shared fields must cost no more than the plain words they stand for.
+static_assert(std::atomic<bool>::is_always_lock_free);
+static_assert(std::atomic<int32_t>::is_always_lock_free);
+static_assert(std::atomic<uint32_t>::is_always_lock_free);
 
 } // namespace vorlik

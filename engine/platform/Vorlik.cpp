@@ -103,7 +103,7 @@ void Vorlik::shutdown()
 
 void Vorlik::endFrame()
 {
-    if (events->quitRequested && autoexit) {
+    if (events->quitRequested.load(std::memory_order_relaxed) && autoexit) {
         shutdown();
         std::exit(0);
     }

@@ -41,25 +41,25 @@ TEST(EventState, ConstructionClearsEverything)
 {
     EventState s;
     EXPECT_EQ(s.thread, nullptr);
-    EXPECT_TRUE(s.running);
-    EXPECT_FALSE(s.quitRequested);
+    EXPECT_TRUE(s.running.load());
+    EXPECT_FALSE(s.quitRequested.load());
     for (int w = 0; w < EventState::kKeyWords; ++w) {
-        EXPECT_EQ(s.liveKeys[w], 0u);
+        EXPECT_EQ(s.liveKeys[w].load(), 0u);
         EXPECT_EQ(s.currentKeys[w], 0u);
         EXPECT_EQ(s.previousKeys[w], 0u);
     }
-    EXPECT_EQ(s.liveMouseX | s.liveMouseY | s.currentMouseX | s.currentMouseY, 0);
+    EXPECT_EQ(s.liveMouseX.load() | s.liveMouseY.load() | s.currentMouseX | s.currentMouseY, 0);
     EXPECT_EQ(s.previousMouseX | s.previousMouseY, 0);
-    EXPECT_EQ(s.liveButtons | s.currentButtons | s.previousButtons, 0u);
+    EXPECT_EQ(s.liveButtons.load() | s.currentButtons | s.previousButtons, 0u);
 }
 
 TEST(EventState, KeyBitLivesInWordKeyDiv32AtBitKeyMod32)
 {
     EventState s;
     s.apply(keyEvent(SDL_KEYDOWN, SDLK_F1)); // 282 = 8 * 32 + 26
-    EXPECT_EQ(s.liveKeys[8], 1u << 26);
+    EXPECT_EQ(s.liveKeys[8].load(), 1u << 26);
     s.apply(keyEvent(SDL_KEYUP, SDLK_F1));
-    EXPECT_EQ(s.liveKeys[8], 0u);
+    EXPECT_EQ(s.liveKeys[8].load(), 0u);
 }
 
 TEST(EventState, LiveChangesAreInvisibleUntilSnapshot)
@@ -120,7 +120,7 @@ TEST(EventState, PressAndReleaseBetweenSnapshotsIsNeverSeen)
 TEST(EventState, OutOfRangeKeysAreFalse)
 {
     EventState s;
-    for (int w = 0; w < EventState::kKeyWords; ++w) s.liveKeys[w] = ~0u;
+    for (int w = 0; w < EventState::kKeyWords; ++w) s.liveKeys[w].store(~0u);
     s.snapshot();
     EXPECT_TRUE(s.keyDown(511));
     EXPECT_FALSE(s.keyDown(512));
@@ -128,7 +128,7 @@ TEST(EventState, OutOfRangeKeysAreFalse)
     EXPECT_FALSE(s.keyDown(-1));
     EXPECT_FALSE(s.keyPressed(-1));
     s.snapshot();
-    for (int w = 0; w < EventState::kKeyWords; ++w) s.liveKeys[w] = 0;
+    for (int w = 0; w < EventState::kKeyWords; ++w) s.liveKeys[w].store(0);
     s.snapshot();
     EXPECT_FALSE(s.keyReleased(512));
     EXPECT_FALSE(s.keyReleased(-1));
@@ -137,13 +137,13 @@ TEST(EventState, OutOfRangeKeysAreFalse)
 TEST(EventState, OutOfRangeButtonsAreFalse)
 {
     EventState s;
-    s.liveButtons = ~0u;
+    s.liveButtons.store(~0u);
     s.snapshot();
     EXPECT_TRUE(s.mouseDown(31));
     EXPECT_FALSE(s.mouseDown(32));
     EXPECT_FALSE(s.mousePressed(32));
     EXPECT_FALSE(s.mouseDown(-1));
-    s.liveButtons = 0;
+    s.liveButtons.store(0);
     s.snapshot();
     EXPECT_FALSE(s.mouseReleased(32));
     EXPECT_FALSE(s.mouseReleased(-1));
@@ -202,7 +202,7 @@ TEST(EventState, QuitEventSetsQuitRequested)
     SDL_Event quit{};
     quit.type = SDL_QUIT;
     s.apply(quit);
-    EXPECT_TRUE(s.quitRequested);
+    EXPECT_TRUE(s.quitRequested.load());
 }
 
 TEST(EventState, OtherEventsAreIgnored)
@@ -213,7 +213,7 @@ TEST(EventState, OtherEventsAreIgnored)
     e.resize.w = 99;
     s.apply(e);
     s.snapshot();
-    EXPECT_FALSE(s.quitRequested);
+    EXPECT_FALSE(s.quitRequested.load());
     EXPECT_EQ(s.currentMouseX, 0);
     EXPECT_EQ(s.currentButtons, 0u);
 }
@@ -223,13 +223,13 @@ TEST(EventState, StopWithoutThreadIsHarmless)
     EventState s;
     s.stop();
     EXPECT_EQ(s.thread, nullptr);
-    EXPECT_TRUE(s.running);
+    EXPECT_TRUE(s.running.load());
 }
 
 TEST(EventState, EventLoopReturnsAtOnceWhenNotRunning)
 {
     EventState s;
-    s.running = false;
+    s.running.store(false);
     EXPECT_EQ(vorlik::__vorlik_event_loop(&s), 0);
 }
 
@@ -243,7 +243,7 @@ TEST(EventState, ThreadStartsOnceAndStops)
     EXPECT_EQ(s.thread, first);
     s.stop();
     EXPECT_EQ(s.thread, nullptr);
-    EXPECT_FALSE(s.running);
+    EXPECT_FALSE(s.running.load());
 }
 
 TEST_F(FacadeInput, VorlikQueriesReadTheSnapshot)

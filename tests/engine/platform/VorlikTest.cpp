@@ -31,13 +31,40 @@ bool waitFor(Pred pred)
     return true;
 }
 
-void pushKey(Uint8 type, SDLKey key)
+// Each push says whether SDL's queue took the event.
+bool pushKey(Uint8 type, SDLKey key)
 {
     SDL_Event e{};
     e.type = type;
     e.key.keysym.sym = key;
-    SDL_PushEvent(&e);
+    return SDL_PushEvent(&e) == 0;
 }
+
+bool pushButton(Uint8 type, Uint8 button)
+{
+    SDL_Event e{};
+    e.type = type;
+    e.button.button = button;
+    return SDL_PushEvent(&e) == 0;
+}
+
+bool pushMotion(Uint16 x, Uint16 y)
+{
+    SDL_Event e{};
+    e.type = SDL_MOUSEMOTION;
+    e.motion.x = x;
+    e.motion.y = y;
+    return SDL_PushEvent(&e) == 0;
+}
+
+bool pushQuit()
+{
+    SDL_Event e{};
+    e.type = SDL_QUIT;
+    return SDL_PushEvent(&e) == 0;
+}
+
+bool liveKeyDown(SDLKey key) { return (Vorlik::events->liveKeys[key / 32].load() >> (key % 32)) & 1u; }
 
 // Tests of start-up and shutdown open and close their own windows.
 class VorlikLifecycle : public ::testing::Test {
@@ -239,30 +266,62 @@ TEST_F(VorlikFrame, ClockFieldsDescribeTheSameFrame)
 
 TEST_F(VorlikFrame, EventThreadFeedsKeysIntoTheNextSnapshot)
 {
-    pushKey(SDL_KEYDOWN, SDLK_d);
-    ASSERT_TRUE(waitFor([] { return (Vorlik::events->liveKeys[SDLK_d / 32] >> (SDLK_d % 32)) & 1u; }));
+    ASSERT_TRUE(pushKey(SDL_KEYDOWN, SDLK_d));
+    ASSERT_TRUE(waitFor([] { return liveKeyDown(SDLK_d); }));
     Vorlik::endFrame();
     EXPECT_TRUE(Vorlik::keyDown(SDLK_d));
     EXPECT_TRUE(Vorlik::keyPressed(SDLK_d));
-    pushKey(SDL_KEYUP, SDLK_d);
-    ASSERT_TRUE(waitFor([] { return !((Vorlik::events->liveKeys[SDLK_d / 32] >> (SDLK_d % 32)) & 1u); }));
+    ASSERT_TRUE(pushKey(SDL_KEYUP, SDLK_d));
+    ASSERT_TRUE(waitFor([] { return !liveKeyDown(SDLK_d); }));
     Vorlik::endFrame();
     EXPECT_TRUE(Vorlik::keyReleased(SDLK_d));
+}
+
+TEST_F(VorlikFrame, FramesReadTheRecordWhileTheEventThreadWritesIt)
+{
+    // The event thread applies a stream of input while this thread closes frames, which reads
+    // every live field; the ThreadSanitizer run of this suite reports any access that races.
+    Vorlik::setAutoexit(false);
+    const SDLKey keys[] = {SDLK_w, SDLK_a, SDLK_s, SDLK_d};
+    constexpr int kFrames = 50;
+    for (int frame = 0; frame < kFrames; ++frame) {
+        const bool down = frame % 2 == 0;
+        for (SDLKey key : keys) ASSERT_TRUE(pushKey(down ? SDL_KEYDOWN : SDL_KEYUP, key));
+        ASSERT_TRUE(pushButton(down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP, SDL_BUTTON_LEFT));
+        ASSERT_TRUE(pushMotion(frame, 2 * frame));
+        Vorlik::endFrame();
+    }
+    // The last frame let everything go; a final position and a quit close the stream.
+    ASSERT_TRUE(pushMotion(100, 200));
+    ASSERT_TRUE(pushQuit());
+    ASSERT_TRUE(waitFor([&keys] {
+        for (SDLKey key : keys)
+            if (liveKeyDown(key)) return false;
+        const EventState& live = *Vorlik::events;
+        return live.quitRequested.load() && live.liveButtons.load() == 0 && live.liveMouseX.load() == 100 &&
+               live.liveMouseY.load() == 200;
+    }));
+    Vorlik::endFrame();
+    for (SDLKey key : keys) EXPECT_FALSE(Vorlik::keyDown(key)) << key;
+    EXPECT_FALSE(Vorlik::mouseDown(SDL_BUTTON_LEFT));
+    EXPECT_EQ(Vorlik::mouseX(), 100);
+    EXPECT_EQ(Vorlik::mouseY(), 200);
+    // The record is shared by the whole test process; later tests expect no pending quit.
+    Vorlik::events->quitRequested.store(false);
+    Vorlik::setAutoexit(true);
 }
 
 TEST_F(VorlikFrame, PendingQuitWithAutoexitOffIsIgnored)
 {
     Vorlik::setAutoexit(false);
-    SDL_Event quit{};
-    quit.type = SDL_QUIT;
-    SDL_PushEvent(&quit);
-    ASSERT_TRUE(waitFor([] { return Vorlik::events->quitRequested; }));
+    ASSERT_TRUE(pushQuit());
+    ASSERT_TRUE(waitFor([] { return Vorlik::events->quitRequested.load(); }));
     const uint32_t before = Vorlik::framenum;
     for (int i = 0; i < 5; ++i) Vorlik::endFrame();
     EXPECT_EQ(Vorlik::framenum, before + 5);
-    EXPECT_TRUE(Vorlik::events->quitRequested);
+    EXPECT_TRUE(Vorlik::events->quitRequested.load());
     // The record is shared by the whole test process; later tests expect no pending quit.
-    Vorlik::events->quitRequested = false;
+    Vorlik::events->quitRequested.store(false);
     Vorlik::setAutoexit(true);
 }
 
@@ -272,7 +331,7 @@ TEST_F(VorlikFrame, AutoexitTurnedBackOnEndsTheProgramAtTheNextEndFrame)
     EXPECT_EXIT(
         {
             Vorlik::setAutoexit(false);
-            Vorlik::events->quitRequested = true;
+            Vorlik::events->quitRequested.store(true);
             Vorlik::endFrame();
             Vorlik::setAutoexit(true);
             Vorlik::endFrame();
