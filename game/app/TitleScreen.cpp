@@ -9,8 +9,6 @@ namespace {
 
 constexpr float kFirstLineY = 25.0f; // pixels from the top of the window
 constexpr float kLineGap = 9.0f;     // between one line's bottom and the next line's top
-constexpr int kTopCentreAnchor = 3;  // the position is the middle of the line's top edge
-constexpr int kTopLeftAnchor = 0;
 
 // One line of the notice and the extra space above it, beyond the usual gap.
 struct NoticeLine {
@@ -50,8 +48,8 @@ TitleScreen::TitleScreen() : texts(kInitialCapacity)
                             ? kFirstLineY
                             : previous->position.y + kLineGap + previous->size.y + kNotice[i].extraGap;
         line->position = vorlik::vec3(centreX, y, 0.0f);
-        line->setAnchor(kTopCentreAnchor);
-        if (i == kSignatureLine) line->setAnchor(kTopLeftAnchor);
+        line->setAnchor(ANCHOR_TOP);
+        if (i == kSignatureLine) line->setAnchor(ANCHOR_TOP_LEFT);
         texts.push(line);
         g_hud->add(line);
         previous = line;

@@ -7,10 +7,8 @@ DirectScene2D* g_hud = nullptr;
 
 DirectScene2D::DirectScene2D(int32_t width, int32_t height) : SceneBase(width, height) { Shaders::setupShaders(); }
 
-SceneScratch& DirectScene2D::scratch()
+void DirectScene2D::render()
 {
-    static SceneScratch lists;
-    return lists;
+    SceneRenderer renderer;
+    drawFrame(renderer);
 }
-
-void DirectScene2D::render() { SceneRenderer::drawScene(*this, scratch()); }

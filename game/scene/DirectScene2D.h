@@ -6,7 +6,6 @@
 #pragma once
 
 #include "scene/SceneBase.h"
-#include "scene/SceneScratch.h"
 
 class DirectScene2D : public SceneBase {
 public:
@@ -14,11 +13,9 @@ public:
     // shader programs if that has not happened yet.
     DirectScene2D(int32_t width, int32_t height);
 
-    // Draws the tree over whatever the window holds; the last node's GL state stays in force.
+    // Draws the tree over whatever the window holds (drawFrame); the last node's GL state
+    // stays in force.
     void render();
-
-    // The render's working lists, separate from the world's, made on first use.
-    static SceneScratch& scratch();
 };
 
 // The game's HUD scene, created at start-up.

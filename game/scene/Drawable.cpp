@@ -11,9 +11,9 @@ namespace {
 
 constexpr float kFullTurn = 360.0f; // degrees
 
-// Anchor of each preset as a fraction of (width, height). The rectangle spans anchor +- size/2,
-// so preset 0 puts the position at the top-left corner (y grows downwards) and 4 centres it.
-constexpr int kAnchorPresetCount = 9;
+// Anchor of each preset, in AnchorPreset order, as a fraction of (width, height). The
+// rectangle spans anchor +- size/2 and y grows downwards.
+constexpr int kAnchorPresetCount = ANCHOR_BOTTOM_RIGHT + 1;
 constexpr float kAnchorPresets[kAnchorPresetCount][2] = {
     {0.5f, 0.5f},  {-0.5f, 0.5f}, {0.5f, 0.0f},  {0.0f, 0.5f},   {0.0f, 0.0f},
     {-0.5f, 0.0f}, {0.0f, -0.5f}, {0.5f, -0.5f}, {-0.5f, -0.5f},
@@ -105,7 +105,7 @@ void Drawable::setAnchor(float x, float y)
 
 void Drawable::resetAnchor() { setAnchor(0.0f, 0.0f); }
 
-void Drawable::setAnchor(int preset)
+void Drawable::setAnchor(AnchorPreset preset)
 {
     if (preset < 0 || preset >= kAnchorPresetCount) return;
     setAnchor(kAnchorPresets[preset][0] * size.x, kAnchorPresets[preset][1] * size.y);

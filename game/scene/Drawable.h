@@ -33,6 +33,19 @@ enum BlendMode : uint32_t {
     BLEND_MODULATE = 0x400, // GL_SRC_ALPHA, GL_SRC_COLOR
 };
 
+// The anchor presets: where a node's position sits on its rectangle, from the current size.
+enum AnchorPreset : int {
+    ANCHOR_TOP_LEFT = 0,     // anchor (w/2, h/2)
+    ANCHOR_TOP_RIGHT = 1,    // (-w/2, h/2)
+    ANCHOR_LEFT = 2,         // (w/2, 0): middle of the left edge
+    ANCHOR_TOP = 3,          // (0, h/2): middle of the top edge
+    ANCHOR_CENTRE = 4,       // (0, 0)
+    ANCHOR_RIGHT = 5,        // (-w/2, 0)
+    ANCHOR_BOTTOM = 6,       // (0, -h/2)
+    ANCHOR_BOTTOM_LEFT = 7,  // (w/2, -h/2)
+    ANCHOR_BOTTOM_RIGHT = 8, // (-w/2, -h/2)
+};
+
 class Drawable {
 public:
     static constexpr uint32_t kDefaultFlags = DRAW_VISIBLE | BLEND_NORMAL;
@@ -45,7 +58,9 @@ public:
     vorlik::vec3 position;       // world units (pixels in the HUD); the scenes use x and y
     vorlik::vec3 anchor;         // centre of the node's rectangle relative to its position
     vorlik::vec3 size;           // width, height, depth; the rectangle spans anchor +- size/2
+    float spareAfterSize[2] = {0.0f, 0.0f};     // always 0; nothing reads them
     float rotation = 0.0f;       // degrees in [0, 360)
+    float spareAfterRotation[3] = {0.0f, 0.0f, 0.0f}; // always 0; nothing reads them
     float scale = 1.0f;          // uniform, never negative
 
     Drawable();
@@ -88,10 +103,9 @@ public:
     void rotate(float degrees);          // adds, then wraps into [0, 360)
     void setAnchor(float x, float y);
     void resetAnchor();                  // anchor (0, 0): the position is the centre
-    // Presets 0 to 8 set the anchor from the current size (w, h): 0 (w/2, h/2) puts the
-    // position at the top-left corner, 1 (-w/2, h/2), 2 (w/2, 0), 3 (0, h/2), 4 (0, 0) the
-    // centre, 5 (-w/2, 0), 6 (0, -h/2), 7 (w/2, -h/2), 8 (-w/2, -h/2). Other values change nothing.
-    void setAnchor(int preset);
+    // Sets the anchor from the current size (see AnchorPreset); a value outside the nine
+    // presets changes nothing.
+    void setAnchor(AnchorPreset preset);
 
     // Replaces bits 8 to 11 of flags with those of mode; the other bits are kept.
     void setBlendMode(uint32_t mode);

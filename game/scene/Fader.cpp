@@ -1,6 +1,5 @@
 #include "scene/Fader.h"
 
-#include "graphics/ShaderProgram.h"
 #include "math/scalar.h"
 #include "platform/Vorlik.h"
 #include "scene/Shaders.h"
@@ -40,7 +39,7 @@ void Fader::draw()
 {
     if (!updateAlpha()) return;
 
-    if (Shaders::color_shader_fixed != nullptr) Shaders::color_shader_fixed->bind();
+    Shaders::useColor();
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glMatrixMode(GL_PROJECTION);

@@ -1,16 +1,14 @@
 #include "scene/NodeGeometry.h"
 
-#include <algorithm>
+#include "math/scalar.h"
 
-namespace {
-constexpr float kRadiansPerDegree = 3.14159265358979323846f / 180.0f;
-} // namespace
+#include <algorithm>
 
 vorlik::mat2 placeNode(const vorlik::mat2& base, const vorlik::vec2& translation, float degrees, float scale)
 {
     vorlik::mat2 t = base;
     t.translate(translation);
-    t.rotate(degrees * kRadiansPerDegree);
+    t.rotate(vorlik::degreesToRadians(degrees));
     t.scale(scale);
     return t;
 }

@@ -2,7 +2,6 @@
 
 #include "graphics/FrameBuffer.h"
 #include "graphics/FullscreenQuad.h"
-#include "graphics/ShaderProgram.h"
 #include "graphics/Texture.h"
 #include "scene/SceneRenderer.h"
 #include "scene/Shaders.h"
@@ -23,23 +22,18 @@ Scene2D::Scene2D(int32_t width, int32_t height)
 
 Scene2D::~Scene2D() { delete target; }
 
-SceneScratch& Scene2D::scratch()
-{
-    static SceneScratch lists;
-    return lists;
-}
-
 void Scene2D::render()
 {
     target->bind();
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    SceneRenderer::drawScene(*this, scratch());
+    SceneRenderer renderer;
+    drawFrame(renderer);
 
-    // The composite binds the textured program itself: with nothing in the world the last
-    // program in use is the fader's colour program, which would paint the window white.
+    // The composite keeps whichever program the last draw left in use. With nodes in the
+    // world that is the textured program; with an empty world it is whatever drew last in the
+    // previous frame, the fader's colour program during a fade, which paints the window with
+    // the quad's opaque white.
     vorlik::FrameBuffer::unbind();
-    Shaders::texture_shader_fixed->bind();
-    Shaders::texture_shader_fixed->setUniform("texture", 0);
     textures[0]->bind(GL_TEXTURE0);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     vorlik::drawFullscreenQuad();

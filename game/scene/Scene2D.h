@@ -6,7 +6,6 @@
 #pragma once
 
 #include "scene/SceneBase.h"
-#include "scene/SceneScratch.h"
 
 namespace vorlik {
 class FrameBuffer;
@@ -25,11 +24,9 @@ public:
     Scene2D(int32_t width, int32_t height);
     ~Scene2D() override;
 
-    // Draws the tree into the target, then the target onto the window.
+    // Draws the tree into the cleared target (drawFrame), then the target onto the window
+    // under whichever program the frame's last draw left in use.
     void render();
-
-    // The render's working lists, made on first use and kept for the program's life.
-    static SceneScratch& scratch();
 };
 
 // The game's world scene, created at start-up with a 4096 x 4096 world.

@@ -3,11 +3,10 @@
 #include "math/mat2.h"
 #include "math/scalar.h"
 #include "platform/Vorlik.h"
-#include "scene/SceneFrame.h"
+#include "scene/SceneSink.h"
 
 namespace {
 
-constexpr float kRadiansPerDegree = 3.14159265358979323846f / 180.0f;
 constexpr float kDepthRange = 10.0f;        // the 2D projection's near and far: -10 to 10
 constexpr float kPerspectiveNear = 1.0f;
 constexpr float kPerspectiveFar = 10.0f;
@@ -30,8 +29,21 @@ SceneBase::SceneBase(int32_t width, int32_t height)
 
 SceneBase::~SceneBase() = default;
 
-void SceneBase::prepareFrame(SceneFrame& frame, vorlik::Stack<ViewRect>& views)
+void SceneBase::drawFrame(SceneSink& sink)
 {
+    sink.beginFrame();
+    Frame frame;
+    prepareFrame(frame);
+    if (debugBounds) sink.drawWorldOutline(frame.state, worldWidth, worldHeight);
+    TraversalSwitches switches;
+    switches.cullTransparent = cullTransparent;
+    switches.debugBounds = debugBounds;
+    traverseScene(first, frame.state, switches, scratch, sink);
+}
+
+void SceneBase::prepareFrame(Frame& frame)
+{
+    vorlik::Stack<ViewRect>& views = scratch.views;
     WorldView& v = *view;
     if (!(v.zoom > kMinZoom)) v.zoom = kMinZoom;
     const float w = static_cast<float>(width);
@@ -51,7 +63,7 @@ void SceneBase::prepareFrame(SceneFrame& frame, vorlik::Stack<ViewRect>& views)
 
     vorlik::mat2 cameraTransform;
     cameraTransform.scale(v.zoom);
-    cameraTransform.rotate(-v.rotation * kRadiansPerDegree);
+    cameraTransform.rotate(-vorlik::degreesToRadians(v.rotation));
     cameraTransform.translate(-frame.camera);
     vorlik::mat4 modelView = cameraTransform.toMat4();
     // GL looks down -z, so the plane of the scene is moved to z = -2, two units in front of the

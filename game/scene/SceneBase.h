@@ -1,22 +1,50 @@
 // What the world scene and the HUD scene share: a Container drawn through a camera, with the
-// world extent the view wraps around, the switches of the render and the traversal's frame.
-// Only the two scenes derive from it; it does not decide where the picture goes (an
-// off-screen target or the window), that is the scenes' render.
+// world extent the view wraps around, the switches of the render, the sequence of a frame and
+// the working lists it runs in. Only the two scenes derive from it; where the picture goes (an
+// off-screen target or the window) is their own render's business.
+//
+// A frame, step by step (drawFrame):
+//  1. The sink sets up the frame's GL state (SceneSink::beginFrame). GL is called only by the
+//     sink, SceneRenderer, and by the scenes' own render round the frame (Scene2D binds its
+//     target before and composites it after).
+//  2. prepareFrame, no GL: a zoom at or below 0.01 becomes 0.01 (written back); the camera is
+//     wrapped into the world for this frame only; the view list is built into scratch.views
+//     (buildViewRects, ViewRect.h); the projections and the camera transform are made, and
+//     with them the traversal's initial state; *view is remembered in lastCamera.
+//  3. With debugBounds on, the sink outlines the world.
+//  4. traverseScene (SceneTraversal.h) walks the tree on scratch's stacks and decides what is
+//     drawn and where; each leaf goes to the sink's drawNode, which loads the node's matrices,
+//     blend function and program and calls the node's draw.
+// The scene owns its scratch lists; they keep their memory from frame to frame.
 #pragma once
 
-#include "core/Stack.h"
+#include "math/mat4.h"
+#include "math/vec2.h"
 #include "scene/ByteColor.h"
 #include "scene/Container.h"
-#include "scene/ViewRect.h"
+#include "scene/SceneState.h"
+#include "scene/SceneTraversal.h"
 #include "scene/WorldView.h"
 
 #include <cstdint>
 
-struct SceneFrame;
+class SceneSink;
 
 class SceneBase : public Container {
 public:
     static constexpr float kMinZoom = 0.01f;
+
+    // One frame's camera set-up: what the traversal's initial state points at.
+    struct Frame {
+        vorlik::mat4 projection;  // orthographic, origin at the screen centre, y down
+        vorlik::mat4 perspective; // frustum where one unit is one pixel at distance 2
+        vorlik::vec2 camera;      // camera position after wrapping into the world
+        SceneState state;         // the traversal's initial state; points at the members above
+
+        Frame() = default;
+        Frame(const Frame&) = delete; // the state points into this frame
+        Frame& operator=(const Frame&) = delete;
+    };
 
     WorldView camera;        // starts at the centre of the pixel area
     WorldView lastCamera;    // *view as it was at the previous render: (0, 0, 1, 0) at first
@@ -40,12 +68,15 @@ public:
     bool wrapWorld = true;   // the world is a torus: the camera wraps and edges are drawn across
     bool cullTransparent = true; // nodes whose inherited alpha is 0 are skipped with their subtree
 
+    // The frame's view list and the traversal's stacks, this scene's own.
+    SceneScratch scratch;
+
     // A width or height of -1 means the window's.
     SceneBase(int32_t width, int32_t height);
     ~SceneBase() override;
 
-    // The camera part of a render, no GL: raises the zoom of *view to 0.01 if it is not above
-    // that (and writes it back), wraps the camera into the world (for this frame only), fills
-    // views and the frame's matrices and initial state, and remembers *view in lastCamera.
-    void prepareFrame(SceneFrame& frame, vorlik::Stack<ViewRect>& views);
+    // Steps 1 to 4 above: one frame of the tree, drawn through sink.
+    void drawFrame(SceneSink& sink);
+    // Step 2 above, no GL.
+    void prepareFrame(Frame& frame);
 };

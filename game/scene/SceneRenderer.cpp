@@ -1,12 +1,7 @@
 #include "scene/SceneRenderer.h"
 
-#include "graphics/ShaderProgram.h"
 #include "math/mat4.h"
 #include "scene/Drawable.h"
-#include "scene/SceneBase.h"
-#include "scene/SceneFrame.h"
-#include "scene/SceneScratch.h"
-#include "scene/SceneTraversal.h"
 #include "scene/SceneState.h"
 #include "scene/Shaders.h"
 
@@ -35,7 +30,7 @@ void loadMatrices(const vorlik::mat4& projection, const vorlik::mat4& modelView)
 void drawLineLoop(const float points[4][2], const uint8_t colors[4][4], float lineWidth)
 {
     glLineWidth(lineWidth);
-    Shaders::color_shader_fixed->bind();
+    Shaders::useColor();
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glVertexPointer(2, GL_FLOAT, 0, points);
     glColorPointer(4, GL_UNSIGNED_BYTE, 0, colors);
@@ -52,19 +47,6 @@ BlendFactors blendFactorsFor(uint32_t blendField)
     return {GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA};
 }
 
-void SceneRenderer::drawScene(SceneBase& scene, SceneScratch& scratch)
-{
-    beginFrame();
-    SceneFrame frame;
-    scene.prepareFrame(frame, scratch.views);
-    if (scene.debugBounds) drawWorldOutline(frame.state, scene.worldWidth, scene.worldHeight);
-    SceneRenderer renderer;
-    TraversalSwitches switches;
-    switches.cullTransparent = scene.cullTransparent;
-    switches.debugBounds = scene.debugBounds;
-    traverseScene(scene.first, frame.state, switches, scratch, renderer);
-}
-
 void SceneRenderer::beginFrame()
 {
     glDisable(GL_CULL_FACE);
@@ -77,9 +59,9 @@ void SceneRenderer::beginFrame()
     glDisableClientState(GL_NORMAL_ARRAY);
 }
 
-void SceneRenderer::drawWorldOutline(const SceneState& state, float worldWidth, float worldHeight)
+void SceneRenderer::drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight)
 {
-    loadMatrices(*state.projection, state.transform.toMat4());
+    loadMatrices(*initial.projection, initial.transform.toMat4());
     const float corners[4][2] = {{0, 0}, {worldWidth, 0}, {worldWidth, worldHeight}, {0, worldHeight}};
     const uint8_t colors[4][4] = {{255, 255, 255, kOutlineAlpha},
                                   {255, 255, 255, kOutlineAlpha},
@@ -99,8 +81,7 @@ void SceneRenderer::drawNode(Drawable& node, const SceneState& state)
     glBlendFunc(blend.source, blend.destination);
     glColorPointer(4, GL_UNSIGNED_BYTE, 0, kWhite);
     glTexCoordPointer(2, GL_FLOAT, 0, kUnitSquare);
-    Shaders::texture_shader_fixed->bind();
-    Shaders::texture_shader_fixed->setUniform("texture", 0);
+    Shaders::useTextured();
     node.draw(state);
 }
 

@@ -1,6 +1,6 @@
-// The GL side of the scenes' render: the state a frame starts from, the world outline, and
-// for each node the traversal decided to draw, the matrices, blend function, default arrays
-// and textured program set up before the node's own draw. It decides nothing itself.
+// The GL side of a scene's frame: the state a frame starts from, the world outline, and for
+// each node the traversal decided to draw, the matrices, blend function, default arrays and
+// textured program set up before the node's own draw. It only draws; it decides nothing.
 #pragma once
 
 #include "scene/SceneSink.h"
@@ -16,21 +16,13 @@ struct BlendFactors {
 // NORMAL is tested first, then ADDITIVE, then MODULATE; a field with none of them is NORMAL.
 BlendFactors blendFactorsFor(uint32_t blendField);
 
-class SceneBase;
-struct SceneScratch;
-
 class SceneRenderer : public SceneSink {
 public:
-    // Everything of a scene's render between choosing the destination and compositing it:
-    // the frame's GL state, the camera, the world outline when debugBounds is on, and the
-    // traversal drawn through a SceneRenderer.
-    static void drawScene(SceneBase& scene, SceneScratch& scratch);
     // Culling and depth test off, texturing and blending on, the vertex, colour and
     // texture-coordinate arrays on and the normal array off.
-    static void beginFrame();
-    // The world's outline (0, 0) to (worldWidth, worldHeight) through the camera, as a white
-    // line loop at alpha 192 and line width 3.
-    static void drawWorldOutline(const SceneState& state, float worldWidth, float worldHeight);
+    void beginFrame() override;
+    // A white line loop at alpha 192 and line width 3.
+    void drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight) override;
 
     // Loads the node's projection and model-view (the perspective pair for DRAW_PERSPECTIVE
     // nodes), its blend function, four white colours and the unit square as default arrays and

@@ -1,5 +1,5 @@
-// Where the scene traversal sends what it decided to draw. The scenes pass the GL renderer;
-// tests pass a recorder, so the decisions can be checked without a display.
+// Where a scene's frame sends what it decided to draw. The scenes pass the GL renderer
+// (SceneRenderer); tests pass a recorder, so every decision can be checked without a display.
 #pragma once
 
 #include "scene/Rect.h"
@@ -10,6 +10,10 @@ struct SceneState;
 class SceneSink {
 public:
     virtual ~SceneSink() = default;
+    // The state every frame starts from, before anything is drawn.
+    virtual void beginFrame() = 0;
+    // Outline of the world (0, 0) to (worldWidth, worldHeight) through the frame's camera.
+    virtual void drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight) = 0;
     // Draw one leaf node under its own state (colour, transform, view list).
     virtual void drawNode(Drawable& node, const SceneState& state) = 0;
     // Outline of a node's enclosing rectangle in camera space, for the bounds overlay.

@@ -3,9 +3,7 @@
 #include "scene/Container.h"
 #include "scene/Drawable.h"
 #include "scene/NodeGeometry.h"
-#include "scene/SceneScratch.h"
 #include "scene/SceneSink.h"
-#include "scene/SceneState.h"
 
 #include <algorithm>
 
@@ -13,21 +11,12 @@ namespace {
 
 constexpr uint32_t kMaxChannel = 255;
 
-bool contains(const ViewRect& v, float x, float y)
-{
-    return x >= v.x && x <= v.x + v.width && y >= v.y && y <= v.y + v.height;
-}
-
 // The first child of a node flagged as having children; only Containers have any.
 Drawable* firstChildOf(Drawable* node)
 {
     const Container* children = dynamic_cast<Container*>(node);
     return children != nullptr ? children->first : nullptr;
 }
-
-Drawable* pop(vorlik::Stack<Drawable*>& siblings) { return siblings.data[--siblings.count]; }
-
-const SceneState& pop(vorlik::Stack<SceneState>& states) { return states.data[--states.count]; }
 
 } // namespace
 
@@ -43,18 +32,6 @@ ByteColor inheritColor(const ByteColor& inherited, const ByteColor& own)
                      inheritChannel(inherited.b, own.b), inheritChannel(inherited.a, own.a)};
 }
 
-const ViewRect* findViewRect(const vorlik::Stack<ViewRect>& views, const Rect& r)
-{
-    const float right = r.x + r.width;
-    const float bottom = r.y + r.height;
-    for (const ViewRect& v : views) {
-        if (contains(v, r.x, r.y) || contains(v, right, bottom) || contains(v, r.x, bottom) ||
-            contains(v, right, r.y))
-            return &v;
-    }
-    return nullptr;
-}
-
 void traverseScene(Drawable* first, const SceneState& initial, const TraversalSwitches& switches,
                    SceneScratch& scratch, SceneSink& sink)
 {
@@ -66,8 +43,8 @@ void traverseScene(Drawable* first, const SceneState& initial, const TraversalSw
         // A list has ended: resume with the next remembered sibling under its saved state.
         while (node == nullptr) {
             if (scratch.siblings.empty()) return;
-            node = pop(scratch.siblings);
-            state = pop(scratch.states);
+            node = scratch.siblings.pop();
+            state = scratch.states.pop();
         }
         Drawable* current = node;
         // Read before drawing: a particle slice may unlink or delete itself in its draw.

@@ -6,15 +6,24 @@
 
 #include "core/Stack.h"
 #include "scene/ByteColor.h"
-#include "scene/Rect.h"
+#include "scene/SceneState.h"
 #include "scene/ViewRect.h"
 
 #include <cstdint>
 
 class Drawable;
 class SceneSink;
-struct SceneScratch;
-struct SceneState;
+
+// The lists a frame works in: the view rectangles and the walk's explicit stacks of saved
+// states and remembered siblings. They are reset, never shrunk, at each frame, so once they
+// have grown to the tree's depth a frame allocates nothing.
+struct SceneScratch {
+    static constexpr uint32_t kInitialCapacity = 128;
+
+    vorlik::Stack<ViewRect> views{kInitialCapacity};
+    vorlik::Stack<SceneState> states{kInitialCapacity};
+    vorlik::Stack<Drawable*> siblings{kInitialCapacity};
+};
 
 struct TraversalSwitches {
     bool cullTransparent = true; // skip nodes (and subtrees) whose inherited alpha is 0
@@ -25,10 +34,6 @@ struct TraversalSwitches {
 // keeps the inherited value exactly; a node of 0 gives 0.
 uint8_t inheritChannel(uint8_t inherited, uint8_t own);
 ByteColor inheritColor(const ByteColor& inherited, const ByteColor& own);
-
-// The first rectangle of the list that holds one of r's four corners, edges included, or null.
-// A rectangle larger than every view with no corner inside is therefore not found.
-const ViewRect* findViewRect(const vorlik::Stack<ViewRect>& views, const Rect& r);
 
 // Walks the list that starts at first depth first, in list order, starting from the state
 // initial (whose view list the culling uses). Leaves go to sink.drawNode under their own state;

@@ -2,6 +2,9 @@
 
 #include "graphics/ShaderProgram.h"
 
+#include <GL/gl.h>
+#include <GL/glext.h>
+
 namespace Shaders {
 
 vorlik::ShaderProgram* color_shader_fixed = nullptr;
@@ -17,6 +20,8 @@ struct ProgramSlot {
     const char* name;
     vorlik::ShaderProgram** global;
 };
+
+constexpr int kSamplerUnit = 0;
 
 // Loading order.
 const ProgramSlot kPrograms[] = {
@@ -36,6 +41,25 @@ void setupShaders()
     if (loaded) return;
     loaded = true;
     for (const ProgramSlot& slot : kPrograms) *slot.global = vorlik::ShaderProgram::load(kDirectory, slot.name);
+}
+
+void useTextured()
+{
+    if (texture_shader_fixed == nullptr) {
+        glUseProgram(0);
+        return;
+    }
+    texture_shader_fixed->bind();
+    texture_shader_fixed->setUniform("texture", kSamplerUnit);
+}
+
+void useColor()
+{
+    if (color_shader_fixed == nullptr) {
+        glUseProgram(0);
+        return;
+    }
+    color_shader_fixed->bind();
 }
 
 } // namespace Shaders

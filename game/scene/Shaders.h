@@ -26,4 +26,11 @@ constexpr const char* kDirectory = "shaders";
 // do nothing. Needs a current GL context. Missing files leave the default program in place.
 void setupShaders();
 
+// The one way to draw with the two programs. Each makes its program current; the textured
+// one also points its sampler "texture" at unit 0. Before setupShaders has run there is no
+// program to use, and GL's fixed-function pipeline (program 0) draws the same arrays instead,
+// so a draw never fails for want of a program.
+void useTextured();
+void useColor();
+
 } // namespace Shaders

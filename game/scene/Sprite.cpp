@@ -1,6 +1,5 @@
 #include "scene/Sprite.h"
 
-#include "graphics/ShaderProgram.h"
 #include "graphics/Texture.h"
 #include "scene/SceneState.h"
 #include "scene/Shaders.h"
@@ -72,10 +71,7 @@ void Sprite::draw(const SceneState& state)
 
     glDisable(GL_CULL_FACE);
     glDisable(GL_DEPTH_TEST);
-    if (Shaders::texture_shader_fixed != nullptr) {
-        Shaders::texture_shader_fixed->bind();
-        Shaders::texture_shader_fixed->setUniform("texture", 0);
-    }
+    Shaders::useTextured();
     texture->bind(GL_TEXTURE0);
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
     glEnableClientState(GL_VERTEX_ARRAY);

@@ -1,7 +1,6 @@
 #include "scene/Text.h"
 
 #include "graphics/Font.h"
-#include "graphics/ShaderProgram.h"
 #include "scene/Shaders.h"
 
 #include <GL/gl.h>
@@ -9,7 +8,6 @@
 
 namespace {
 constexpr int kCellShift = 4;       // a font picture is 16 cells high
-constexpr int kTopLeftPreset = 0;   // anchor preset: the position is the top-left corner
 
 float defaultFontHeight(const vorlik::Font* font)
 {
@@ -21,7 +19,7 @@ Text::Text(vorlik::Font* f, const char* t)
     : font(f), fontHeight(defaultFontHeight(f))
 {
     setText(t);
-    setAnchor(kTopLeftPreset);
+    setAnchor(ANCHOR_TOP_LEFT);
 }
 
 float Text::lineWidth(uint32_t length, float advance, float height)
@@ -55,10 +53,7 @@ void Text::draw(const SceneState&)
     glScalef(fontHeight, fontHeight, 1.0f);
     glEnableClientState(GL_COLOR_ARRAY);
     glColorPointer(4, GL_FLOAT, 0, colors);
-    if (Shaders::texture_shader_fixed != nullptr) {
-        Shaders::texture_shader_fixed->bind();
-        Shaders::texture_shader_fixed->setUniform("texture", 0);
-    }
+    Shaders::useTextured();
     font->draw(text.data);
     glPopMatrix();
 }

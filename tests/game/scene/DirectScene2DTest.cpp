@@ -1,32 +1,22 @@
 #include "scene/DirectScene2D.h"
 
-#include "DisplayTest.h"
+#include "SceneOverBlackTest.h"
 #include "SceneGLNodes.h"
 #include "scene/Group.h"
 #include "scene/Scene2D.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace {
 
-// The HUD scene as the game sets it up (window size, no outlines) over a window cleared to
-// opaque black.
-class DirectScene2DTest : public DisplayTest {
+// The HUD scene over black.
+class DirectScene2DTest : public SceneOverBlackTest<DirectScene2D> {
 protected:
     void SetUp() override
     {
-        DisplayTest::SetUp();
-        if (IsSkipped()) return;
-        ASSERT_EQ(chdir(KELVANE_RUN_DIR), 0);
-        hud = new DirectScene2D(-1, -1);
-        hud->debugBounds = false;
-        glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
-        glViewport(0, 0, kWidth, kHeight);
-        glClearColor(0, 0, 0, 1);
-        glClear(GL_COLOR_BUFFER_BIT);
+        SceneOverBlackTest::SetUp();
+        hud = scene;
     }
-    void TearDown() override { delete hud; }
 
     DirectScene2D* hud = nullptr;
 };
@@ -45,7 +35,7 @@ TEST_F(DirectScene2DTest, WorldIsTheScreenWithTheCameraAtItsCentre)
 TEST_F(DirectScene2DTest, TopLeftAnchoredNodeAtTheOriginStartsAtTheWindowsCorner)
 {
     SolidQuad box(30, 20);
-    box.setAnchor(0);
+    box.setAnchor(ANCHOR_TOP_LEFT);
     hud->add(&box);
     hud->render();
 
@@ -59,7 +49,7 @@ TEST_F(DirectScene2DTest, TopLeftAnchoredNodeAtTheOriginStartsAtTheWindowsCorner
 TEST_F(DirectScene2DTest, NodeWhollyBelowTheScreenIsDrawnOneScreenHeightUp)
 {
     SolidQuad box(20, 20);
-    box.setAnchor(0);
+    box.setAnchor(ANCHOR_TOP_LEFT);
     box.position = vorlik::vec3(600, kHeight + 100, 0);
     hud->add(&box);
     hud->render();
@@ -78,7 +68,7 @@ TEST_F(DirectScene2DTest, GroupPlacesAndTintsItsChildren)
     box.position = vorlik::vec3(100, 30, 0);
     box.color = ByteColor{128, 255, 255, 255};
     SolidQuad counter(10, 10);
-    counter.setAnchor(0);
+    counter.setAnchor(ANCHOR_TOP_LEFT);
     counter.position = vorlik::vec3(15, 12, 0);
     hud->add(&box);
     box.add(&counter);
@@ -125,8 +115,10 @@ TEST_F(DirectScene2DTest, KeepsItsOwnWorkingListsApartFromTheWorlds)
     SolidQuad box(20, 20);
     hud->add(&box);
     hud->render();
-    EXPECT_NE(&DirectScene2D::scratch(), &Scene2D::scratch());
-    EXPECT_EQ(DirectScene2D::scratch().views.count, 9u);
+    Scene2D world(-1, -1);
+    EXPECT_NE(&hud->scratch.views, &world.scratch.views);
+    EXPECT_EQ(hud->scratch.views.count, 9u);
+    EXPECT_EQ(world.scratch.views.count, 0u);
 }
 
 } // namespace

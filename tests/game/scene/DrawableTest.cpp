@@ -97,18 +97,48 @@ TEST_F(DrawableTest, AnchorPresetsFollowTheTable)
                                   {-20, 0}, {0, -10},  {20, -10}, {-20, -10}};
     RecordingLeaf node(40, 20);
     for (int preset = 0; preset < 9; ++preset) {
-        node.setAnchor(preset);
+        node.setAnchor(static_cast<AnchorPreset>(preset));
         EXPECT_EQ(node.anchor.x, expected[preset][0]) << "preset " << preset;
         EXPECT_EQ(node.anchor.y, expected[preset][1]) << "preset " << preset;
     }
+}
+
+TEST_F(DrawableTest, NamedAnchorPresetsPutThePositionOnTheNamedPointOfTheRectangle)
+{
+    RecordingLeaf node(40, 20);
+    const struct {
+        AnchorPreset preset;
+        float x, y; // the position's place on the rectangle, 0 to 1 from the top-left
+    } named[] = {{ANCHOR_TOP_LEFT, 0, 0},      {ANCHOR_TOP_RIGHT, 1, 0},   {ANCHOR_LEFT, 0, 0.5f},
+                 {ANCHOR_TOP, 0.5f, 0},        {ANCHOR_CENTRE, 0.5f, 0.5f}, {ANCHOR_RIGHT, 1, 0.5f},
+                 {ANCHOR_BOTTOM, 0.5f, 1},     {ANCHOR_BOTTOM_LEFT, 0, 1}, {ANCHOR_BOTTOM_RIGHT, 1, 1}};
+    for (const auto& n : named) {
+        node.setAnchor(n.preset);
+        const Rect r = node.bounds();
+        EXPECT_FLOAT_EQ(-r.x, n.x * 40) << "preset " << n.preset;
+        EXPECT_FLOAT_EQ(-r.y, n.y * 20) << "preset " << n.preset;
+    }
+}
+
+TEST_F(DrawableTest, TheSpareFieldsAfterSizeAndRotationStartAtZero)
+{
+    RecordingLeaf node;
+    EXPECT_EQ(node.spareAfterSize[0], 0.0f);
+    EXPECT_EQ(node.spareAfterSize[1], 0.0f);
+    for (float spare : node.spareAfterRotation) EXPECT_EQ(spare, 0.0f);
+    const auto at = [](const void* p) { return static_cast<const char*>(p); };
+    EXPECT_LT(at(&node.size), at(node.spareAfterSize));
+    EXPECT_LT(at(node.spareAfterSize), at(&node.rotation));
+    EXPECT_LT(at(&node.rotation), at(node.spareAfterRotation));
+    EXPECT_LT(at(node.spareAfterRotation), at(&node.scale));
 }
 
 TEST_F(DrawableTest, AnchorPresetOutsideZeroToEightChangesNothing)
 {
     RecordingLeaf node(40, 20);
     node.setAnchor(3.0f, 4.0f);
-    node.setAnchor(9);
-    node.setAnchor(-1);
+    node.setAnchor(static_cast<AnchorPreset>(9));
+    node.setAnchor(static_cast<AnchorPreset>(-1));
     EXPECT_EQ(node.anchor.x, 3.0f);
     EXPECT_EQ(node.anchor.y, 4.0f);
     node.resetAnchor();
@@ -120,7 +150,7 @@ TEST_F(DrawableTest, BoundsOfAnUnturnedNodeAreItsRectangleAtItsPosition)
 {
     RecordingLeaf node(40, 20);
     node.position = vorlik::vec3(100, 50, 0);
-    node.setAnchor(0);
+    node.setAnchor(ANCHOR_TOP_LEFT);
     const Rect r = node.bounds();
     EXPECT_FLOAT_EQ(r.x, 100);
     EXPECT_FLOAT_EQ(r.y, 50);

@@ -28,7 +28,7 @@ protected:
 
 // The fader drawn over a window cleared to a known colour, with the game's untextured
 // fixed-function program from the source tree.
-class FaderDraw : public DisplayTest {
+class FaderDraw : public CleanWindowTest {
 protected:
     static constexpr int kBackground[3] = {0, 0, 255};
     // The four corners and the centre of the window.
@@ -37,14 +37,13 @@ protected:
 
     void SetUp() override
     {
-        DisplayTest::SetUp();
+        CleanWindowTest::SetUp();
         if (IsSkipped()) return;
         static vorlik::ShaderProgram* untextured = vorlik::ShaderProgram::load(
             (std::string(KELVANE_SOURCE_DIR) + "/shaders").c_str(), "color_fixed");
         savedProgram = Shaders::color_shader_fixed;
         Shaders::color_shader_fixed = untextured;
         savedTime = Vorlik::currentTime;
-        pixelprobe::resetWindow(kWidth, kHeight);
         glClearColor(kBackground[0] / 255.0f, kBackground[1] / 255.0f, kBackground[2] / 255.0f, 1.0f);
         glClear(GL_COLOR_BUFFER_BIT);
         fader.red = 1.0f;

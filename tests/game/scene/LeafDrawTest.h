@@ -5,7 +5,6 @@
 #pragma once
 
 #include "DisplayTest.h"
-#include "PixelProbe.h"
 #include "graphics/ShaderProgram.h"
 #include "scene/Drawable.h"
 #include "scene/SceneState.h"
@@ -15,17 +14,16 @@
 #include <GL/glext.h>
 #include <string>
 
-class LeafDrawTest : public DisplayTest {
+class LeafDrawTest : public CleanWindowTest {
 protected:
     void SetUp() override
     {
-        DisplayTest::SetUp();
+        CleanWindowTest::SetUp();
         if (IsSkipped()) return;
         static vorlik::ShaderProgram* textured = vorlik::ShaderProgram::load(
             (std::string(KELVANE_SOURCE_DIR) + "/shaders").c_str(), "texture_fixed");
         saved = Shaders::texture_shader_fixed;
         Shaders::texture_shader_fixed = textured;
-        pixelprobe::resetWindow(kWidth, kHeight);
         glEnable(GL_TEXTURE_2D);
         setBlend(GL_ONE_MINUS_SRC_ALPHA);
     }

@@ -1,6 +1,6 @@
 #include "scene/Scene2D.h"
 
-#include "DisplayTest.h"
+#include "SceneOverBlackTest.h"
 #include "SceneGLNodes.h"
 #include "graphics/FrameBuffer.h"
 #include "graphics/ShaderProgram.h"
@@ -9,33 +9,31 @@
 #include "scene/Shaders.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr float kWorld = 4096.0f;
 
-// A world scene as the game sets it up (window size, 4096 world, no outlines) over a window
-// cleared to opaque black. Runs where the game runs, so the shader programs load by name.
-class Scene2DTest : public DisplayTest {
+// The world scene over black, with the game's 4096 x 4096 world.
+class Scene2DTest : public SceneOverBlackTest<Scene2D> {
 protected:
     void SetUp() override
     {
-        DisplayTest::SetUp();
+        SceneOverBlackTest::SetUp();
         if (IsSkipped()) return;
-        ASSERT_EQ(chdir(KELVANE_RUN_DIR), 0);
-        world = new Scene2D(-1, -1);
-        world->debugBounds = false;
+        world = scene;
         world->worldWidth = world->worldHeight = kWorld;
-        glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
-        glViewport(0, 0, kWidth, kHeight);
-        glClearColor(0, 0, 0, 1);
-        glClear(GL_COLOR_BUFFER_BIT);
     }
-    void TearDown() override { delete world; }
 
     Scene2D* world = nullptr;
 };
+
+GLint programInUse()
+{
+    GLint program = -1;
+    glGetIntegerv(GL_CURRENT_PROGRAM, &program);
+    return program;
+}
 
 TEST_F(Scene2DTest, TargetHasTheWindowSizeWithFourColoursAndDepth)
 {
@@ -182,12 +180,32 @@ TEST_F(Scene2DTest, EachRenderStartsFromAClearedTarget)
     EXPECT_EQ(lit.left, 640 + 200 - 10);
 }
 
-TEST_F(Scene2DTest, EmptyWorldCompositesItsClearedTargetWhateverProgramWasBound)
+TEST_F(Scene2DTest, EmptyWorldCompositesUnderTheProgramLeftInUseByTheLastDraw)
+{
+    // During the fade into the game the world is empty and the fader drew last: its colour
+    // program paints the composite's quad in its opaque white vertex colour.
+    glClearColor(0, 0, 1, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glClearColor(0, 0, 0, 1);
+    Shaders::useColor();
+    const GLint colorProgram = programInUse();
+    world->render();
+
+    EXPECT_EQ(programInUse(), colorProgram);
+    const WindowPixels pixels(kWidth, kHeight);
+    for (int x : {0, 640, 1279}) {
+        EXPECT_GT(pixels.at(x, 360).r, 245) << "x " << x;
+        EXPECT_GT(pixels.at(x, 360).g, 245) << "x " << x;
+        EXPECT_GT(pixels.at(x, 360).b, 245) << "x " << x;
+    }
+}
+
+TEST_F(Scene2DTest, EmptyWorldUnderTheTexturedProgramCompositesItsClearedTarget)
 {
     glClearColor(0, 0, 1, 1);
     glClear(GL_COLOR_BUFFER_BIT);
     glClearColor(0, 0, 0, 1);
-    Shaders::color_shader_fixed->bind(); // as the fader leaves it
+    Shaders::useTextured(); // as a title text leaves it
     world->render();
 
     const WindowPixels pixels(kWidth, kHeight);
@@ -195,6 +213,20 @@ TEST_F(Scene2DTest, EmptyWorldCompositesItsClearedTargetWhateverProgramWasBound)
         EXPECT_LT(pixels.at(x, 360).r, 10) << "x " << x;
         EXPECT_LT(pixels.at(x, 360).b, 10) << "x " << x;
     }
+}
+
+TEST_F(Scene2DTest, CompositeOfANonEmptyWorldRunsUnderTheTexturedProgramItsNodesLeft)
+{
+    world->camera.x = world->camera.y = 2048;
+    SolidQuad quad(20, 20);
+    quad.position = vorlik::vec3(2048, 2048, 0);
+    world->add(&quad);
+    Shaders::useColor();
+    world->render();
+    EXPECT_EQ(programInUse(), static_cast<GLint>(Shaders::texture_shader_fixed->id));
+    const WindowPixels pixels(kWidth, kHeight);
+    EXPECT_LT(pixels.at(100, 100).r, 10); // the cleared target, not the quad's white
+    EXPECT_GT(pixels.at(640, 360).r, 200);
 }
 
 TEST_F(Scene2DTest, CompositeBlendsNormallyWhateverTheLastNodeUsed)
@@ -230,7 +262,7 @@ TEST_F(Scene2DTest, RenderAllocatesNothingOnceItsListsHaveGrown)
         parent = &groups[i];
     }
     world->render();
-    const SceneScratch& lists = Scene2D::scratch();
+    const SceneScratch& lists = world->scratch;
     const ViewRect* views = lists.views.data;
     const SceneState* states = lists.states.data;
     Drawable* const* siblings = lists.siblings.data;

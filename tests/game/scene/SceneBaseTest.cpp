@@ -1,6 +1,6 @@
 #include "scene/SceneBase.h"
 
-#include "scene/SceneFrame.h"
+#include "SceneTestNodes.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@ constexpr int kHeight = 720;
 class SceneBaseTest : public ::testing::Test {
 protected:
     SceneBase scene{kWidth, kHeight};
-    vorlik::Stack<ViewRect> views{128};
-    SceneFrame frame;
+    const vorlik::Stack<ViewRect>& views = scene.scratch.views;
+    SceneBase::Frame frame;
 };
 
 vorlik::vec4 project(const vorlik::mat4& projection, float x, float y, float z)
@@ -52,17 +52,17 @@ TEST_F(SceneBaseTest, StartsLookingAtTheCentreOfItsPixels)
 TEST_F(SceneBaseTest, ZoomAtOrBelowAHundredthIsRaisedToAHundredthAndWrittenBack)
 {
     scene.camera.zoom = 0;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
     scene.camera.zoom = -3;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
     EXPECT_FLOAT_EQ(frame.state.transform.m0, 0.01f);
     scene.camera.zoom = 0.005f;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 0.01f);
     scene.camera.zoom = 0.02f;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 0.02f);
 }
 
@@ -71,7 +71,7 @@ TEST_F(SceneBaseTest, ZoomIsReadThroughTheViewPointer)
     WorldView other;
     other.zoom = 0;
     scene.view = &other;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(other.zoom, 0.01f);
     EXPECT_FLOAT_EQ(scene.camera.zoom, 1);
 }
@@ -81,7 +81,7 @@ TEST_F(SceneBaseTest, ViewSizeGrowsAsTheZoomShrinks)
     scene.worldWidth = scene.worldHeight = 100000;
     scene.camera.x = scene.camera.y = 50000;
     scene.camera.zoom = 0.5f;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     ASSERT_EQ(views.count, 1u);
     EXPECT_FLOAT_EQ(views[0].width, 2560);
     EXPECT_FLOAT_EQ(views[0].height, 1440);
@@ -92,7 +92,7 @@ TEST_F(SceneBaseTest, CameraIsWrappedForTheFrameButNotStored)
     scene.worldWidth = scene.worldHeight = 4096;
     scene.camera.x = 4106;
     scene.camera.y = -10;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(frame.camera.x, 10);
     EXPECT_FLOAT_EQ(frame.camera.y, 4086);
     EXPECT_FLOAT_EQ(scene.camera.x, 4106);
@@ -107,7 +107,7 @@ TEST_F(SceneBaseTest, WithoutWrappingTheCameraIsUsedAsItIs)
     scene.worldWidth = scene.worldHeight = 4096;
     scene.wrapWorld = false;
     scene.camera.x = 5000;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_FLOAT_EQ(frame.camera.x, 5000);
     EXPECT_EQ(views.count, 1u);
 }
@@ -119,7 +119,7 @@ TEST_F(SceneBaseTest, CameraTransformScalesTurnsAndCentresTheCamera)
     scene.camera.y = 1000;
     scene.camera.zoom = 2;
     scene.camera.rotation = 90;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     // A point 10 units to the right of the camera: doubled, then turned by -90 degrees.
     const vorlik::vec2 p = frame.state.transform * vorlik::vec2(1010, 1000);
     EXPECT_NEAR(p.x, 0, 1e-3);
@@ -128,7 +128,7 @@ TEST_F(SceneBaseTest, CameraTransformScalesTurnsAndCentresTheCamera)
 
 TEST_F(SceneBaseTest, ProjectionPutsTheOriginAtTheCentreWithYDown)
 {
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     const vorlik::vec4 topLeft = project(*frame.state.projection, -640, -360, 0);
     EXPECT_FLOAT_EQ(topLeft.x, -1);
     EXPECT_FLOAT_EQ(topLeft.y, 1);
@@ -142,7 +142,7 @@ TEST_F(SceneBaseTest, PerspectiveShowsOneUnitPerPixelThroughTheCameraModelView)
     scene.camera.x = 0;
     scene.camera.y = 0;
     scene.wrapWorld = false;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     const vorlik::vec4 eye = frame.state.cameraModelView * vorlik::vec4(640, 360, 0, 1);
     const vorlik::vec4 corner = project(*frame.state.perspective, eye.x, eye.y, eye.z);
     EXPECT_FLOAT_EQ(corner.x, 1);
@@ -153,12 +153,12 @@ TEST_F(SceneBaseTest, PerspectiveShowsOneUnitPerPixelThroughTheCameraModelView)
 
 TEST_F(SceneBaseTest, DisplacementIsTheCameraMoveSinceTheLastFrame)
 {
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_EQ(frame.state.cameraDelta, vorlik::vec2(640, 360));
     scene.camera.x += 5;
     scene.camera.y -= 3;
     scene.camera.rotation = 12;
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_EQ(frame.state.cameraDelta, vorlik::vec2(5, -3));
     EXPECT_EQ(scene.lastCamera.x, 645);
     EXPECT_EQ(scene.lastCamera.y, 357);
@@ -167,12 +167,75 @@ TEST_F(SceneBaseTest, DisplacementIsTheCameraMoveSinceTheLastFrame)
 
 TEST_F(SceneBaseTest, InitialStateIsOpaqueWhiteOverTheFramesViews)
 {
-    scene.prepareFrame(frame, views);
+    scene.prepareFrame(frame);
     EXPECT_EQ(frame.state.views, &views);
     EXPECT_EQ(frame.state.color.r, 255);
     EXPECT_EQ(frame.state.color.a, 255);
     EXPECT_EQ(frame.state.projection, &frame.projection);
     EXPECT_EQ(frame.state.perspective, &frame.perspective);
+}
+
+TEST_F(SceneBaseTest, AFrameBeginsThenOutlinesTheWorldThenDrawsTheTreeInOrder)
+{
+    RecordingLeaf a, b;
+    a.position = vorlik::vec3(640, 360, 0);
+    b.position = vorlik::vec3(650, 370, 0);
+    scene.add(&a);
+    scene.add(&b);
+    scene.worldWidth = 4096;
+    scene.worldHeight = 2048;
+    RecordingSink sink;
+    scene.drawFrame(sink);
+    EXPECT_EQ(sink.events, "bornrn");
+    ASSERT_EQ(sink.calls.size(), 2u);
+    EXPECT_EQ(sink.calls[0].node, &a);
+    EXPECT_EQ(sink.calls[1].node, &b);
+    EXPECT_EQ(sink.outlineSize, vorlik::vec2(4096, 2048));
+    EXPECT_EQ(sink.outlineState.views, &views);
+}
+
+TEST_F(SceneBaseTest, WithoutDebugBoundsAFrameHasNoOutlines)
+{
+    RecordingLeaf a;
+    a.position = vorlik::vec3(640, 360, 0);
+    scene.add(&a);
+    scene.debugBounds = false;
+    RecordingSink sink;
+    scene.drawFrame(sink);
+    EXPECT_EQ(sink.events, "bn");
+}
+
+TEST_F(SceneBaseTest, AFrameRemembersTheCameraAndUsesTheScenesOwnLists)
+{
+    scene.debugBounds = false;
+    scene.camera.x = 10;
+    scene.camera.y = 10;
+    scene.worldWidth = scene.worldHeight = 4096;
+    RecordingSink sink;
+    scene.drawFrame(sink);
+    EXPECT_EQ(scene.lastCamera.x, 10);
+    EXPECT_EQ(views.count, 4u); // the view and its copies across the top, left and top-left
+    SceneBase other(kWidth, kHeight);
+    EXPECT_NE(&other.scratch.views, &scene.scratch.views);
+    EXPECT_EQ(other.scratch.views.count, 0u);
+}
+
+TEST_F(SceneBaseTest, ObjectNearTheFarCornerIsDrawnOnceUpAndLeftOfTheCentre)
+{
+    // Camera at (10, 10) in the 4096 world; an 8 x 8 object at (4090, 4090).
+    scene.debugBounds = false;
+    scene.worldWidth = scene.worldHeight = 4096;
+    scene.camera.x = 10;
+    scene.camera.y = 10;
+    RecordingLeaf object(8, 8);
+    object.position = vorlik::vec3(4090, 4090, 0);
+    scene.add(&object);
+    RecordingSink sink;
+    scene.drawFrame(sink);
+    ASSERT_EQ(sink.calls.size(), 1u);
+    const vorlik::vec2 centre = sink.calls[0].state.transform * vorlik::vec2(0, 0);
+    EXPECT_FLOAT_EQ(centre.x, -16);
+    EXPECT_FLOAT_EQ(centre.y, -16);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "scene/SceneRenderer.h"
 
-#include "DisplayTest.h"
+#include "SceneOverBlackTest.h"
 #include "graphics/ShaderProgram.h"
 #include "scene/DirectScene2D.h"
 #include "scene/Drawable.h"
@@ -72,20 +72,18 @@ public:
     GLfloat texCoords[8] = {};
 };
 
-class SceneRendererTest : public DisplayTest {
+// The HUD scene over black, with GL state that a frame must change before its first node.
+class SceneRendererTest : public SceneOverBlackTest<DirectScene2D> {
 protected:
     void SetUp() override
     {
-        DisplayTest::SetUp();
+        SceneOverBlackTest::SetUp();
         if (IsSkipped()) return;
-        ASSERT_EQ(chdir(KELVANE_RUN_DIR), 0);
-        hud = new DirectScene2D(-1, -1);
-        hud->debugBounds = false;
+        hud = scene;
         glEnable(GL_DEPTH_TEST);
         glEnableClientState(GL_NORMAL_ARRAY);
         glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     }
-    void TearDown() override { delete hud; }
 
     DirectScene2D* hud = nullptr;
 };

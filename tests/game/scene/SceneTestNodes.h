@@ -8,6 +8,7 @@
 #include "scene/SceneSink.h"
 #include "scene/SceneState.h"
 
+#include <string>
 #include <vector>
 
 // A leaf of a given size whose draw counts calls and keeps the last state.
@@ -42,16 +43,32 @@ struct DrawCall {
     SceneState state;
 };
 
-// Records the traversal's decisions and passes each leaf on to its own draw.
+// Records a frame's steps and the traversal's decisions, and passes each leaf on to its own
+// draw. events holds the steps in order: 'b' begin, 'o' world outline, 'n' node, 'r' bounds.
 class RecordingSink : public SceneSink {
 public:
+    void beginFrame() override { events.push_back('b'); }
+    void drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight) override
+    {
+        events.push_back('o');
+        outlineState = initial;
+        outlineSize = vorlik::vec2(worldWidth, worldHeight);
+    }
     void drawNode(Drawable& node, const SceneState& state) override
     {
+        events.push_back('n');
         calls.push_back(DrawCall{&node, state});
         node.draw(state);
     }
-    void drawBounds(const Rect& rect, const SceneState&) override { bounds.push_back(rect); }
+    void drawBounds(const Rect& rect, const SceneState&) override
+    {
+        events.push_back('r');
+        bounds.push_back(rect);
+    }
 
+    std::string events;
     std::vector<DrawCall> calls;
     std::vector<Rect> bounds;
+    SceneState outlineState{};
+    vorlik::vec2 outlineSize;
 };

@@ -1,8 +1,6 @@
 #include "scene/SceneTraversal.h"
 
 #include "SceneTestNodes.h"
-#include "scene/SceneFrame.h"
-#include "scene/SceneScratch.h"
 
 #include <gtest/gtest.h>
 

@@ -108,3 +108,50 @@ TEST_F(ShadersTest, EachGlobalHoldsTheProgramReadFromTheFilesOfItsName)
         EXPECT_EQ(sourceOf(programs[i]->fragment->id), fileText(base + ".frag")) << names[i];
     }
 }
+
+namespace {
+GLint currentProgram()
+{
+    GLint program = -1;
+    glGetIntegerv(GL_CURRENT_PROGRAM, &program);
+    return program;
+}
+} // namespace
+
+TEST_F(ShadersTest, UseTexturedMakesTheTexturedProgramCurrentWithItsSamplerOnUnitZero)
+{
+    setupFromSourceTree();
+    Shaders::texture_shader_fixed->bind();
+    Shaders::texture_shader_fixed->setUniform("texture", 3);
+    ShaderProgram::unbind();
+    Shaders::useTextured();
+    EXPECT_EQ(currentProgram(), static_cast<GLint>(Shaders::texture_shader_fixed->id));
+    GLint unit = -1;
+    glGetUniformiv(Shaders::texture_shader_fixed->id, Shaders::texture_shader_fixed->uniform("texture"), &unit);
+    EXPECT_EQ(unit, 0);
+}
+
+TEST_F(ShadersTest, UseColorMakesTheColourProgramCurrent)
+{
+    setupFromSourceTree();
+    ShaderProgram::unbind();
+    Shaders::useColor();
+    EXPECT_EQ(currentProgram(), static_cast<GLint>(Shaders::color_shader_fixed->id));
+}
+
+TEST_F(ShadersTest, WithoutLoadedProgramsBothFallBackToTheFixedFunctionPipeline)
+{
+    setupFromSourceTree();
+    ShaderProgram* const textured = Shaders::texture_shader_fixed;
+    ShaderProgram* const colored = Shaders::color_shader_fixed;
+    Shaders::texture_shader_fixed = nullptr;
+    Shaders::color_shader_fixed = nullptr;
+    textured->bind();
+    Shaders::useTextured();
+    EXPECT_EQ(currentProgram(), 0);
+    colored->bind();
+    Shaders::useColor();
+    EXPECT_EQ(currentProgram(), 0);
+    Shaders::texture_shader_fixed = textured;
+    Shaders::color_shader_fixed = colored;
+}

@@ -148,7 +148,7 @@ TEST_F(SpriteTest, PictureIsDrawnUprightInItsRectangle)
         for (int x = 0; x < 4; ++x) image.setPixel(x, y, y < 2 ? Color::pack(255, 0, 0, 255) : Color::pack(0, 0, 255, 255));
     Texture texture(&image);
     Sprite sprite(&texture, 100.0f, 100.0f);
-    sprite.setAnchor(0); // position at the top-left corner
+    sprite.setAnchor(ANCHOR_TOP_LEFT); // position at the top-left corner
     sprite.position.x = 200.0f;
     sprite.position.y = 200.0f;
     drawAt(sprite, stateWithColor(255, 255, 255, 255));

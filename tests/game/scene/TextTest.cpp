@@ -41,7 +41,7 @@ protected:
         text = std::make_unique<Text>(font.get(), s);
         text->fontHeight = 40.0f;
         text->setText(s);
-        text->setAnchor(0);
+        text->setAnchor(ANCHOR_TOP_LEFT);
         text->color[0] = r;
         text->color[1] = g;
         text->color[2] = b;

@@ -1,10 +1,15 @@
-#include "scene/SceneFrame.h"
+#include "scene/ViewRect.h"
 
 namespace {
 
 void push(vorlik::Stack<ViewRect>& views, float x, float y, float width, float height, float offsetX, float offsetY)
 {
     views.push(ViewRect{x, y, width, height, vorlik::vec2(offsetX, offsetY)});
+}
+
+bool contains(const ViewRect& v, float x, float y)
+{
+    return x >= v.x && x <= v.x + v.width && y >= v.y && y <= v.y + v.height;
 }
 
 } // namespace
@@ -36,4 +41,16 @@ void buildViewRects(vorlik::Stack<ViewRect>& views, const vorlik::vec2& camera, 
         if (left) push(views, ww - vw, -vh / 2 - wh, 2 * vw, 2 * vh, -ww, wh);
         if (right) push(views, -vw / 2 - ww, -vh / 2 - wh, 2 * vw, 2 * vh, ww, wh);
     }
+}
+
+const ViewRect* findViewRect(const vorlik::Stack<ViewRect>& views, const Rect& r)
+{
+    const float right = r.x + r.width;
+    const float bottom = r.y + r.height;
+    for (const ViewRect& v : views) {
+        if (contains(v, r.x, r.y) || contains(v, right, bottom) || contains(v, r.x, bottom) ||
+            contains(v, right, r.y))
+            return &v;
+    }
+    return nullptr;
 }

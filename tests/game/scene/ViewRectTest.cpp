@@ -1,8 +1,4 @@
-#include "scene/SceneFrame.h"
-
-#include "SceneTestNodes.h"
-#include "scene/SceneScratch.h"
-#include "scene/SceneTraversal.h"
+#include "scene/ViewRect.h"
 
 #include <gtest/gtest.h>
 
@@ -30,21 +26,21 @@ void expectRects(const vorlik::Stack<ViewRect>& views, std::initializer_list<Exp
     }
 }
 
-TEST(SceneFrameTest, WithoutWrappingOnlyTheViewIsListed)
+TEST(ViewRectTest, WithoutWrappingOnlyTheViewIsListed)
 {
     vorlik::Stack<ViewRect> views(128);
     buildViewRects(views, vorlik::vec2(10, 10), vorlik::vec2(1280, 720), vorlik::vec2(kWorld, kWorld), false);
     expectRects(views, {{-640, -360, 1280, 720, 0, 0}});
 }
 
-TEST(SceneFrameTest, AwayFromTheEdgesOnlyTheViewIsListed)
+TEST(ViewRectTest, AwayFromTheEdgesOnlyTheViewIsListed)
 {
     vorlik::Stack<ViewRect> views(128);
     buildViewRects(views, vorlik::vec2(2048, 2048), vorlik::vec2(1280, 720), vorlik::vec2(kWorld, kWorld), true);
     expectRects(views, {{-640, -360, 1280, 720, 0, 0}});
 }
 
-TEST(SceneFrameTest, NearTheTopLeftCornerTheTopAndLeftCopiesFollowTheView)
+TEST(ViewRectTest, NearTheTopLeftCornerTheTopAndLeftCopiesFollowTheView)
 {
     vorlik::Stack<ViewRect> views(128);
     buildViewRects(views, vorlik::vec2(10, 10), vorlik::vec2(1280, 720), vorlik::vec2(kWorld, kWorld), true);
@@ -56,7 +52,7 @@ TEST(SceneFrameTest, NearTheTopLeftCornerTheTopAndLeftCopiesFollowTheView)
                        });
 }
 
-TEST(SceneFrameTest, NearTheBottomRightCornerTheRightAndBottomCopiesFollowTheView)
+TEST(ViewRectTest, NearTheBottomRightCornerTheRightAndBottomCopiesFollowTheView)
 {
     vorlik::Stack<ViewRect> views(128);
     buildViewRects(views, vorlik::vec2(4000, 4000), vorlik::vec2(1280, 720), vorlik::vec2(kWorld, kWorld), true);
@@ -68,7 +64,7 @@ TEST(SceneFrameTest, NearTheBottomRightCornerTheRightAndBottomCopiesFollowTheVie
                        });
 }
 
-TEST(SceneFrameTest, AViewAsLargeAsTheWorldListsAllNineInTheirOrder)
+TEST(ViewRectTest, AViewAsLargeAsTheWorldListsAllNineInTheirOrder)
 {
     // The HUD: the world is the screen and the camera sits at its centre.
     vorlik::Stack<ViewRect> views(128);
@@ -86,7 +82,7 @@ TEST(SceneFrameTest, AViewAsLargeAsTheWorldListsAllNineInTheirOrder)
                        });
 }
 
-TEST(SceneFrameTest, RebuildingResetsTheList)
+TEST(ViewRectTest, RebuildingResetsTheList)
 {
     vorlik::Stack<ViewRect> views(128);
     buildViewRects(views, vorlik::vec2(640, 360), vorlik::vec2(1280, 720), vorlik::vec2(1280, 720), true);
@@ -94,24 +90,32 @@ TEST(SceneFrameTest, RebuildingResetsTheList)
     EXPECT_EQ(views.count, 1u);
 }
 
-TEST(SceneFrameTest, ObjectNearTheFarCornerIsDrawnOnceUpAndLeftOfTheCentre)
+TEST(ViewRectTest, TheFirstRectangleHoldingACornerOfANodeIsFound)
 {
-    // Camera at (10, 10) in the 4096 world; an 8 x 8 object at (4090, 4090).
-    SceneScratch scratch;
-    buildViewRects(scratch.views, vorlik::vec2(10, 10), vorlik::vec2(1280, 720), vorlik::vec2(kWorld, kWorld), true);
-    SceneState initial{};
-    initial.views = &scratch.views;
-    initial.transform.translate(-10, -10);
-    TestContainer world;
-    RecordingLeaf object(8, 8);
-    object.position = vorlik::vec3(4090, 4090, 0);
-    world.add(&object);
-    RecordingSink sink;
-    traverseScene(world.first, initial, TraversalSwitches(), scratch, sink);
-    ASSERT_EQ(sink.calls.size(), 1u);
-    const vorlik::vec2 centre = sink.calls[0].state.transform * vorlik::vec2(0, 0);
-    EXPECT_FLOAT_EQ(centre.x, -16);
-    EXPECT_FLOAT_EQ(centre.y, -16);
+    vorlik::Stack<ViewRect> views(4);
+    views.push(ViewRect{0, 0, 100, 100, vorlik::vec2(0, 0)});
+    views.push(ViewRect{50, 50, 100, 100, vorlik::vec2(7, 7)});
+    views.push(ViewRect{200, 0, 100, 100, vorlik::vec2(9, 9)});
+    EXPECT_EQ(findViewRect(views, Rect{60, 60, 10, 10}), &views[0]);
+    EXPECT_EQ(findViewRect(views, Rect{120, 120, 10, 10}), &views[1]);
+    // Only the bottom-left corner (190, 20) lies outside; the top-right (210, 10) is in the third.
+    EXPECT_EQ(findViewRect(views, Rect{190, 10, 20, 10}), &views[2]);
+}
+
+TEST(ViewRectTest, CornersOnTheEdgeCountAsInside)
+{
+    vorlik::Stack<ViewRect> views(1);
+    views.push(ViewRect{0, 0, 100, 100, vorlik::vec2(0, 0)});
+    EXPECT_EQ(findViewRect(views, Rect{100, 100, 10, 10}), &views[0]);
+    EXPECT_EQ(findViewRect(views, Rect{-10, -10, 10, 10}), &views[0]);
+    EXPECT_EQ(findViewRect(views, Rect{100.5f, 0, 10, 10}), nullptr);
+}
+
+TEST(ViewRectTest, ARectangleLargerThanTheViewWithNoCornerInsideIsNotFound)
+{
+    vorlik::Stack<ViewRect> views(1);
+    views.push(ViewRect{0, 0, 100, 100, vorlik::vec2(0, 0)});
+    EXPECT_EQ(findViewRect(views, Rect{-50, -50, 200, 200}), nullptr);
 }
 
 } // namespace
