@@ -2,7 +2,7 @@
 
 #include "graphics/RenderBuffer.h"
 #include "graphics/Texture.h"
-#include "platform/Vorlik.h"
+#include "graphics/WindowSize.h"
 
 #include <GL/gl.h>
 #include <GL/glext.h>
@@ -48,7 +48,8 @@ void FrameBuffer::bind()
 void FrameBuffer::unbind()
 {
     glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
-    glViewport(0, 0, static_cast<GLsizei>(Vorlik::getWidth()), static_cast<GLsizei>(Vorlik::getHeight()));
+    const WindowSize window = windowSize();
+    glViewport(0, 0, window.width, window.height);
 }
 
 } // namespace vorlik

@@ -1,7 +1,7 @@
 #include "graphics/Screenshot.h"
 
 #include "graphics/Color.h"
-#include "platform/Vorlik.h"
+#include "graphics/WindowSize.h"
 
 #include <GL/gl.h>
 #include <GL/glext.h>
@@ -17,8 +17,9 @@ constexpr int kBytesPerPixel = 4;
 
 void screenshot(const char* path)
 {
-    const int w = static_cast<int>(Vorlik::getWidth());
-    const int h = static_cast<int>(Vorlik::getHeight());
+    const WindowSize window = windowSize();
+    const int w = window.width;
+    const int h = window.height;
     SDL_Surface* picture = SDL_CreateRGBSurface(SDL_SWSURFACE, w, h, kBitsPerPixel, Color::rmask,
                                                 Color::gmask, Color::bmask, 0);
     SDL_Surface* readBack = SDL_CreateRGBSurface(SDL_SWSURFACE, w, h, kBitsPerPixel, Color::rmask,
