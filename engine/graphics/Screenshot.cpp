@@ -13,7 +13,21 @@ namespace vorlik {
 namespace {
 constexpr int kBitsPerPixel = 32;
 constexpr int kBytesPerPixel = 4;
+constexpr char kLlvmpipe[] = "llvmpipe";
 } // namespace
+
+unsigned int shownFrameBuffer(const char* renderer)
+{
+    // Mesa's software drivers show a frame by copying the back buffer into the X window, and
+    // the back buffer keeps it. GL_FRONT is a separate buffer that the driver makes when it is
+    // first read: softpipe makes it through the screen's resource_create_front hook, so reading
+    // it fetches the window's pixels from the X server; llvmpipe leaves that hook unset, so its
+    // front is a plain buffer that no swap writes and that reads back black. Under llvmpipe the
+    // back buffer is read instead. Hardware drivers keep their front buffer up to date.
+    const bool frontNeverWritten =
+        renderer != nullptr && std::strncmp(renderer, kLlvmpipe, sizeof(kLlvmpipe) - 1) == 0;
+    return frontNeverWritten ? GL_BACK : GL_FRONT;
+}
 
 void screenshot(const char* path)
 {
@@ -30,7 +44,7 @@ void screenshot(const char* path)
         return;
     }
 
-    glReadBuffer(GL_FRONT);
+    glReadBuffer(shownFrameBuffer(reinterpret_cast<const char*>(glGetString(GL_RENDERER))));
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     glReadPixels(0, 0, w, h, GL_RGBA, GL_UNSIGNED_BYTE, readBack->pixels);
 
