@@ -43,15 +43,8 @@ void expectQuad(const Font::GlyphQuad& q, float x0, float x1, float u0, float v0
     }
 }
 
-class FontTest : public DisplayTest {
+class FontTest : public CleanWindowTest {
 protected:
-    void SetUp() override
-    {
-        DisplayTest::SetUp();
-        if (IsSkipped()) return;
-        pixelprobe::resetWindow(kWidth, kHeight);
-    }
-
     // Draws text 40 pixels high from (100, 100) with fixed-function texturing in white.
     static void drawLine(Font& font, const char* text)
     {

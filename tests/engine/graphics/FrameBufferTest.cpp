@@ -14,15 +14,7 @@ using vorlik::RenderBuffer;
 using vorlik::Texture;
 
 namespace {
-class FrameBufferTest : public DisplayTest {
-protected:
-    void SetUp() override
-    {
-        DisplayTest::SetUp();
-        if (IsSkipped()) return;
-        pixelprobe::resetWindow(kWidth, kHeight);
-    }
-};
+using FrameBufferTest = CleanWindowTest;
 
 GLint boundFrameBuffer()
 {

@@ -14,15 +14,7 @@ using vorlik::Image;
 using vorlik::Texture;
 
 namespace {
-class FullscreenQuadTest : public DisplayTest {
-protected:
-    void SetUp() override
-    {
-        DisplayTest::SetUp();
-        if (IsSkipped()) return;
-        pixelprobe::resetWindow(kWidth, kHeight);
-    }
-};
+using FullscreenQuadTest = CleanWindowTest;
 
 bool isIdentity(GLenum matrix)
 {

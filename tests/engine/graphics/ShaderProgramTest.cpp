@@ -26,13 +26,12 @@ const char* const kGreenFragment = "#version 120\nvoid main() { gl_FragColor = v
 const char* const kPassVertex =
     "#version 120\nvoid main() { gl_FrontColor = gl_Color; gl_Position = ftransform(); }\n";
 
-class ShaderProgramTest : public DisplayTest {
+class ShaderProgramTest : public CleanWindowTest {
 protected:
     void SetUp() override
     {
-        DisplayTest::SetUp();
+        CleanWindowTest::SetUp();
         if (IsSkipped()) return;
-        pixelprobe::resetWindow(kWidth, kHeight);
         while (glGetError() != GL_NO_ERROR) {}
     }
 

@@ -26,15 +26,8 @@ namespace {
 const std::string kShaderDir = std::string(KELVANE_SOURCE_DIR) + "/shaders";
 constexpr int kSide = 64; // texels and pixels of the post-processing tests
 
-class ShippedShadersTest : public DisplayTest {
+class ShippedShadersTest : public CleanWindowTest {
 protected:
-    void SetUp() override
-    {
-        DisplayTest::SetUp();
-        if (IsSkipped()) return;
-        pixelprobe::resetWindow(kWidth, kHeight);
-    }
-
     static std::unique_ptr<ShaderProgram> load(const char* name)
     {
         return std::unique_ptr<ShaderProgram>(ShaderProgram::load(kShaderDir.c_str(), name));
