@@ -81,3 +81,13 @@ void SceneBase::prepareFrame(Frame& frame)
     state.cameraDelta = vorlik::vec2(v.x - lastCamera.x, v.y - lastCamera.y);
     lastCamera = v;
 }
+
+vorlik::vec2 SceneBase::windowToWorld(float windowX, float windowY) const
+{
+    const WorldView& v = *view;
+    const float zoom = v.zoom > kMinZoom ? v.zoom : kMinZoom;
+    const vorlik::vec2 fromCentre((windowX - width / 2.0f) / zoom, (windowY - height / 2.0f) / zoom);
+    vorlik::mat2 turn;
+    turn.rotate(vorlik::degreesToRadians(v.rotation));
+    return vorlik::vec2(v.x, v.y) + turn * fromCentre;
+}

@@ -79,4 +79,10 @@ public:
     void drawFrame(SceneSink& sink);
     // Step 2 above, no GL.
     void prepareFrame(Frame& frame);
+
+    // The world point under a window pixel (origin top-left, y down): the inverse of the
+    // camera transform of *view, zoom and rotation included. The camera is taken as stored,
+    // not wrapped, so near the seam the point lies beside the thing the camera follows (a ship
+    // at x 4090 under a camera at 4100 aims at about 4100, not at 4). In the HUD it is the pixel.
+    vorlik::vec2 windowToWorld(float windowX, float windowY) const;
 };

@@ -239,3 +239,63 @@ TEST_F(SceneBaseTest, ObjectNearTheFarCornerIsDrawnOnceUpAndLeftOfTheCentre)
 }
 
 } // namespace
+
+namespace {
+
+// Where the frame's camera transform puts a world point, in window pixels.
+vorlik::vec2 onWindow(const SceneBase::Frame& frame, const vorlik::vec2& world)
+{
+    return frame.state.transform * world + vorlik::vec2(kWidth / 2.0f, kHeight / 2.0f);
+}
+
+TEST_F(SceneBaseTest, TheWindowCentreIsTheCameraPoint)
+{
+    scene.camera.x = 1000;
+    scene.camera.y = 3000;
+    EXPECT_EQ(scene.windowToWorld(640, 360), vorlik::vec2(1000, 3000));
+}
+
+TEST_F(SceneBaseTest, WindowToWorldUndoesTheCameraUnderZoomAndRotation)
+{
+    scene.worldWidth = scene.worldHeight = 4096;
+    scene.camera.x = 2000;
+    scene.camera.y = 1500;
+    scene.camera.zoom = 0.9f;
+    scene.camera.rotation = 30;
+    scene.prepareFrame(frame);
+    for (const auto& pixel : {vorlik::vec2(0, 0), vorlik::vec2(1279, 719), vorlik::vec2(900, 100)}) {
+        const vorlik::vec2 back = onWindow(frame, scene.windowToWorld(pixel.x, pixel.y));
+        EXPECT_NEAR(back.x, pixel.x, 0.01) << pixel.x << ", " << pixel.y;
+        EXPECT_NEAR(back.y, pixel.y, 0.01) << pixel.x << ", " << pixel.y;
+    }
+    // At zoom 0.9 a pixel 90 right of the centre is 100 world units right of the camera.
+    scene.camera.rotation = 0;
+    EXPECT_NEAR(scene.windowToWorld(640 + 90, 360).x, 2100, 0.01);
+}
+
+TEST_F(SceneBaseTest, NearTheSeamTheWorldPointStaysBesideTheCameraAsStored)
+{
+    // A ship at x 4090 with the camera led past the edge to 4100: the render wraps the camera
+    // to 4, but the mouse at the centre still points at 4100, ten units ahead of the ship.
+    scene.worldWidth = scene.worldHeight = 4096;
+    scene.camera.x = 4100;
+    scene.camera.y = 2048;
+    const vorlik::vec2 p = scene.windowToWorld(640 + 50, 360);
+    EXPECT_FLOAT_EQ(p.x, 4150);
+    EXPECT_FLOAT_EQ(p.y, 2048);
+    scene.camera.x = -30;
+    EXPECT_FLOAT_EQ(scene.windowToWorld(640 - 20, 360).x, -50);
+}
+
+TEST_F(SceneBaseTest, AZoomAtOrBelowAHundredthCountsAsAHundredth)
+{
+    scene.camera.zoom = 0;
+    EXPECT_FLOAT_EQ(scene.windowToWorld(641, 360).x, 640 + 100);
+}
+
+TEST_F(SceneBaseTest, InAScreenSizedSceneAWindowPixelIsItsOwnPoint)
+{
+    EXPECT_EQ(scene.windowToWorld(17, 23), vorlik::vec2(17, 23));
+}
+
+} // namespace
