@@ -1,6 +1,6 @@
 // assetgen: makes every picture, font and the music track of Kelvane.
 // Usage: kelvane_assetgen <run dir> [contact sheet path]
-// Writes <run dir>/gfx/*.png and <run dir>/sfx/music1.ogg, then the review sheet.
+// Writes every file of GeneratedFiles.def under the run directory, then the review sheet.
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -18,8 +18,9 @@ int main(int argc, char** argv)
         return 2;
     }
     std::string runDir = argv[1];
-    for (const std::string& dir : {runDir, runDir + "/gfx", runDir + "/sfx"})
-        mkdir(dir.c_str(), 0755);
+    mkdir(runDir.c_str(), 0755);
+    for (const std::string& file : assetgen::generatedFiles())
+        mkdir((runDir + "/" + file.substr(0, file.rfind('/'))).c_str(), 0755);
 
     assetgen::AssetSink sink(runDir);
     unsigned threads = std::max(2u, std::thread::hardware_concurrency());

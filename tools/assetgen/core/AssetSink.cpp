@@ -9,7 +9,7 @@ namespace assetgen {
 void AssetSink::picture(const std::string& name, const Canvas& canvas)
 {
     Picture pic = toPicture(canvas);
-    if (!writePng(runDir_ + "/gfx/" + name + ".png", pic))
+    if (!writePng(outputPath("gfx/" + name + ".png"), pic))
         fail(name);
     std::lock_guard<std::mutex> lock(mutex_);
     pictures_[name] = std::move(pic);
@@ -20,6 +20,19 @@ const Picture* AssetSink::find(const std::string& name) const
     std::lock_guard<std::mutex> lock(mutex_);
     auto it = pictures_.find(name);
     return it == pictures_.end() ? nullptr : &it->second;
+}
+
+std::string AssetSink::outputPath(const std::string& relative)
+{
+    std::lock_guard<std::mutex> lock(mutex_);
+    written_.insert(relative);
+    return runDir_ + "/" + relative;
+}
+
+std::set<std::string> AssetSink::written() const
+{
+    std::lock_guard<std::mutex> lock(mutex_);
+    return written_;
 }
 
 void AssetSink::fail(const std::string& what)

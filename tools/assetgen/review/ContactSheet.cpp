@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Generator.h"
 #include "art/SkyCube.h"
 #include "core/PngFile.h"
 #include "review/GameView.h"
@@ -20,15 +21,6 @@ constexpr float kLabelHeight = 20;
 const V3 kSheet{0.035f, 0.035f, 0.05f};
 const V3 kLabel{0.75f, 0.75f, 0.85f};
 const V3 kHeading{0.7f, 0.62f, 1.0f};
-
-const char* const kAllPictures[] = {
-    "enemy_fighter", "enemy_fighter2", "enemy_hammerhead", "enemy_probe", "enemy_probe2", "enemy_probe3",
-    "enemy_fighter_glow", "enemy_fighter2_glow", "enemy_hammerhead_glow", "enemy_probe_glow",
-    "enemy_probe2_glow", "enemy_probe3_glow", "player_bot", "player_mid", "player_top", "player_glow_bot",
-    "player_glow_top", "plasmabullet", "slaser", "star", "reticle", "reticle_glow", "hud_score",
-    "hud_power_dials", "hud_radar_dials", "hud_radar_mask", "hud_bars_mask", "powerup_anim",
-    "powerup_glow_anim", "sky_front", "sky_back", "sky_left", "sky_right", "sky_top", "sky_bottom", "title",
-    "hugefont", "medfont", "smallfont", "minifont"};
 
 bool isLight(const std::string& name)
 {
@@ -264,8 +256,8 @@ void picturesSection(Sheet& s, int& y)
     s.heading("Every picture in gfx/ (glows and light shown added over black)", y);
     const int box = 190, step = 210, perRow = (kSheetWidth - 2 * kMargin) / step;
     int i = 0;
-    for (const char* name : kAllPictures) {
-        const Picture& p = s.pic(name);
+    for (const std::string& name : generatedPictures()) {
+        const Picture& p = s.pic(name.c_str());
         float x = static_cast<float>(kMargin + (i % perRow) * step);
         float top = static_cast<float>(y + (i / perRow) * (box + 40));
         Quad q = fitted(p, x, top, box);
