@@ -1,14 +1,15 @@
 #include "app/MainLoop.h"
 
-#include "base/GameRandom.h"
 #include "app/Music.h"
-#include "base/Resources.h"
 #include "app/Runlevel.h"
 #include "app/TitleScreen.h"
+#include "base/GameRandom.h"
+#include "base/Resources.h"
 #include "core/String.h"
 #include "graphics/Screenshot.h"
 #include "graphics/Texture.h"
 #include "platform/Vorlik.h"
+#include "play/WorldGeometry.h"
 #include "scene/DirectScene2D.h"
 #include "scene/Fader.h"
 #include "scene/Scene2D.h"
@@ -25,7 +26,6 @@ using vorlik::Vorlik;
 
 namespace {
 constexpr float kMegabytesPerByte = 9.5367431640625e-07f; // 2^-20
-constexpr float kWorldSize = 4096.0f;                      // world units, both ways
 constexpr int32_t kWindowSized = -1;                       // a scene as large as the window
 constexpr uint32_t kFadeToBlackMs = 1000;                  // leaving the title, and quitting
 constexpr uint32_t kFadeIntoGameMs = 500;
@@ -49,8 +49,8 @@ void MainLoop::startUp()
     loadResources();
     g_rand.seed(static_cast<unsigned>(std::time(nullptr)));
     g_world = new Scene2D(kWindowSized, kWindowSized);
-    g_world->worldWidth = kWorldSize;
-    g_world->worldHeight = kWorldSize;
+    g_world->worldWidth = kWorldWidth;
+    g_world->worldHeight = kWorldHeight;
     g_hud = new DirectScene2D(kWindowSized, kWindowSized);
     g_fader = new Fader();
     runlevel = RUNLEVEL_TITLE;
