@@ -5,7 +5,7 @@ source "$(dirname "$0")/lib/common.sh"
 
 start_ms="$(date +%s%3N)"
 set +e
-(cd "$GAME_DIR" && exec env -u DISPLAY -u WAYLAND_DISPLAY timeout 10 ./kelvane >"$WORK/stdout" 2>"$WORK/stderr")
+(cd "$GAME_DIR" && exec env -u DISPLAY -u WAYLAND_DISPLAY timeout "$(scaled 10)" ./kelvane >"$WORK/stdout" 2>"$WORK/stderr")
 status=$?
 set -e
 elapsed=$(( $(date +%s%3N) - start_ms ))
@@ -13,5 +13,5 @@ elapsed=$(( $(date +%s%3N) - start_ms ))
 [ "$status" -eq 1 ] || fail "exit status $status without a display, expected 1"
 grep -q "^Error setting video mode: ." "$WORK/stderr" || \
   grep -q "^Error initializing SDL: ." "$WORK/stderr" || fail "no start-up error message on stderr"
-[ "$elapsed" -lt 5000 ] || fail "took ${elapsed} ms to give up"
+[ "$elapsed" -lt "$(scaled_ms 5)" ] || fail "took ${elapsed} ms to give up"
 echo "ok: status 1 in ${elapsed} ms with: $(head -n 1 "$WORK/stderr")"

@@ -6,8 +6,11 @@ source "$(dirname "$0")/lib/common.sh"
 start_game
 window="$(wait_for_window)"
 wait_for_startup
-press_key "$window" Return
-kill -0 "$GAME_PID" 2>/dev/null || fail "kelvane ended on Return"
+wait_until 10 title_on_screen || fail "the title never showed"
+cp "$WORK/screen.png" "$WORK/title.png"
+# Return leaves the title screen for the fade into the game: the screen starts to change.
+hold_key_until "$window" Return 10 screen_differs_from "$WORK/title.png" || fail "the title stayed after Return"
+game_running || fail "kelvane ended on Return"
 kill -TERM "$GAME_PID"
 wait_for_exit 2
 [ "$GAME_STATUS" -eq 0 ] || fail "exit status $GAME_STATUS after SIGTERM in play, expected 0"
