@@ -11,7 +11,6 @@ constexpr int kMixerFlags = 2;
 constexpr int kSampleRate = 44100;     // Hz
 constexpr int kMono = 1;               // channels
 constexpr int kChunkSize = 65536;      // bytes per mixing chunk
-constexpr const char* kTrack = "sfx/music1.ogg";
 } // namespace
 
 void loadMusic()
@@ -19,5 +18,5 @@ void loadMusic()
     SDL_InitSubSystem(SDL_INIT_AUDIO);
     Mix_Init(kMixerFlags);
     Mix_OpenAudio(kSampleRate, AUDIO_S16LSB, kMono, kChunkSize);
-    music = Mix_LoadMUS(kTrack);
+    music = Mix_LoadMUS(kMusicFile);
 }

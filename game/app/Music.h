@@ -5,9 +5,12 @@
 
 #include <SDL_mixer.h>
 
+// The track, relative to the working directory.
+constexpr const char kMusicFile[] = "sfx/music1.ogg";
+
 // Null until loadMusic, and after it whenever the track could not be loaded.
 extern Mix_Music* music;
 
-// Starts SDL's audio, opens the mixer (44.1 kHz, signed 16-bit mono) and loads
-// sfx/music1.ogg from the working directory into music. Checks nothing.
+// Starts SDL's audio, opens the mixer (44.1 kHz, signed 16-bit mono) and loads kMusicFile
+// into music. Checks nothing.
 void loadMusic();
