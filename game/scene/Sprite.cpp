@@ -8,8 +8,6 @@
 #include <GL/glext.h>
 
 namespace {
-constexpr float kOwnSize = -1.0f; // width or height taken from the picture
-
 float pictureWidth(const vorlik::Texture* texture)
 {
     return texture != nullptr ? static_cast<float>(texture->width) * texture->uScale : 0.0f;

@@ -26,6 +26,8 @@ public:
         float texCoords[8];
     };
 
+    static constexpr float kOwnSize = -1.0f; // a width or height taken from the picture
+
     vorlik::Texture* texture;     // not owned; null or without storage draws nothing
     vorlik::Texture* glowTexture; // not owned, not drawn by the sprite
     uint8_t animated = 0;         // when set, texture is a grid of frames

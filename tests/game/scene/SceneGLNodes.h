@@ -1,10 +1,12 @@
 // Helpers for the scenes' pixel tests: a sprite that fills its rectangle with the inherited
-// colour, and a read-back of the whole window with the rows counted from the top.
+// colour, and a read-back of the whole window with the rows counted from the top, which can
+// also be saved as a PNG file to look at.
 #pragma once
 
 #include "scene/SceneState.h"
 #include "scene/Sprite.h"
 
+#include "PngEncoder.h"
 #include "graphics/Image.h"
 #include "graphics/Texture.h"
 
@@ -12,6 +14,7 @@
 #include <GL/glext.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <vector>
 
 // A Sprite over one white texel: a solid rectangle anchor +- size/2 in the inherited colour,
@@ -65,13 +68,17 @@ public:
         return Pixel{p[0], p[1], p[2]};
     }
 
-    LitArea lit() const
+    LitArea lit() const { return litIn(0, 0, width_ - 1, height_ - 1, 40); }
+
+    // The pixels of the area (x0, y0)-(x1, y1), both corners included, whose red, green or
+    // blue exceeds threshold, and the box that encloses them.
+    LitArea litIn(int x0, int y0, int x1, int y1, int threshold) const
     {
         LitArea a;
-        for (int y = 0; y < height_; ++y)
-            for (int x = 0; x < width_; ++x) {
+        for (int y = y0; y <= y1; ++y)
+            for (int x = x0; x <= x1; ++x) {
                 const Pixel p = at(x, y);
-                if (p.r <= 40 && p.g <= 40 && p.b <= 40) continue;
+                if (p.r <= threshold && p.g <= threshold && p.b <= threshold) continue;
                 ++a.count;
                 a.left = x < a.left ? x : a.left;
                 a.top = y < a.top ? y : a.top;
@@ -79,6 +86,23 @@ public:
                 a.bottom = y > a.bottom ? y : a.bottom;
             }
         return a;
+    }
+
+    // Writes the pixels as an opaque PNG file; a path that cannot be written is skipped.
+    void savePng(const char* path) const
+    {
+        std::vector<uint8_t> rgba;
+        rgba.reserve(size_t(width_) * height_ * 4);
+        for (int y = 0; y < height_; ++y)
+            for (int x = 0; x < width_; ++x) {
+                const Pixel p = at(x, y);
+                rgba.insert(rgba.end(), {uint8_t(p.r), uint8_t(p.g), uint8_t(p.b), 255});
+            }
+        const std::vector<uint8_t> png = pngtest::encode(width_, height_, rgba);
+        if (FILE* f = std::fopen(path, "wb")) {
+            std::fwrite(png.data(), 1, png.size(), f);
+            std::fclose(f);
+        }
     }
 
 private:
