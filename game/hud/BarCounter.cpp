@@ -1,0 +1,7 @@
+#include "hud/BarCounter.h"
+
+BarCounter::BarCounter() = default;
+
+BarCounter::~BarCounter() = default;
+
+void BarCounter::draw(const SceneState&) {}

@@ -1,0 +1,7 @@
+#include "hud/Radar.h"
+
+Radar::Radar() = default;
+
+Radar::~Radar() = default;
+
+void Radar::draw(const SceneState&) {}
