@@ -1,0 +1,10 @@
+// The game declares a drawable slice of 3D particles but nothing creates one: it holds nothing and
+// takes no part in drawing. It stays as an empty root for 3D effects, each of which would say how
+// it draws.
+#pragma once
+
+class ParticleSlice3D {
+public:
+    ParticleSlice3D();
+    virtual ~ParticleSlice3D();
+};
