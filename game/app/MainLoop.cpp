@@ -1,5 +1,6 @@
 #include "app/MainLoop.h"
 
+#include "app/MainMenu.h"
 #include "app/Music.h"
 #include "app/Runlevel.h"
 #include "app/TitleScreen.h"
@@ -9,6 +10,7 @@
 #include "graphics/Screenshot.h"
 #include "graphics/Texture.h"
 #include "platform/Vorlik.h"
+#include "play/GameSession.h"
 #include "play/WorldGeometry.h"
 #include "scene/DirectScene2D.h"
 #include "scene/Fader.h"
@@ -77,6 +79,8 @@ void MainLoop::pass()
     g_hud->render();
     g_fader->draw();
     Vorlik::endFrame();
+    if (runlevel == RUNLEVEL_MENU) g_menu->frame();
+    if (runlevel == RUNLEVEL_GAME) g_game->frame();
     // This second draw lands in the back buffer after the swap and is cleared by the next
     // pass; it stays, as the frame has always been drawn this way.
     g_fader->draw();
@@ -100,6 +104,10 @@ void MainLoop::enterGame()
         delete title;
         title = nullptr;
     }
+    // g_game is set before start(): the guns the session builds there take their spark slices
+    // from g_game's particles.
+    g_game = new GameSession();
+    g_game->start();
     runlevel = RUNLEVEL_GAME;
     Mix_PlayMusic(music, kLoopForever);
 }

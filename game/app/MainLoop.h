@@ -19,14 +19,16 @@ public:
     void startUp();
     // Runs passes until the runlevel reaches 0, then shuts the engine down.
     void run();
-    // One frame: clear, draw the world, the HUD and the fader, end the frame, handle the keys.
+    // One frame: clear, draw the world, the HUD and the fader, end the frame, advance the game
+    // (or the menu, which nothing ever enters), handle the keys.
     void pass();
     // The runlevel transitions driven by this frame's input.
     void handleKeys();
 
 private:
     bool titleKeyPressed() const;
-    // Fades in from black, tears the title down and starts the music.
+    // Fades in from black, tears the title down, creates and starts the game session and
+    // starts the music.
     void enterGame();
     void takeScreenshot();
 

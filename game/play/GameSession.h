@@ -1,9 +1,10 @@
-// The one object that runs a game: the actor lists, the waves with their timer and growing
-// toughness, the lives, the screen shake and the game-over state. main creates it as g_game
-// when the title's fade ends and keeps it to the end; there is no restart.
-// Ownership: the lists own nothing; each listed actor deletes itself (and leaves the lists).
-// Still to come here: the player, the HUD boxes, the starfield, the particle systems, the
-// enemies of each wave and the per-frame routine that drives them.
+// The one object that runs a game: the actor lists, the player, the HUD boxes, the starfield,
+// the spark and explosion particles, the waves with their timer and growing toughness, the
+// lives, the screen shake and the game-over state. main creates it as g_game when the title's
+// fade ends, then calls start() once and frame() every frame; there is no restart.
+// Ownership: the lists own nothing (each listed actor deletes itself and leaves the lists); the
+// session owns the player, the boxes (and through them the counters), the reticle, the
+// starfield, the game-over text and the particle systems. Its destructor undoes start().
 #pragma once
 
 #include "core/Stack.h"
@@ -14,7 +15,16 @@
 class Actor;
 class Enemy;
 class Friend;
+class HUD_RadarBox;
+class HUD_ScoreBox;
+class HUD_WeaponBox;
+class ParticleSlice;
+class ParticleSystem;
+class Player;
 class Powerup;
+class Reticle;
+class ScoreCounter;
+class Starfield;
 class Text;
 
 class GameSession {
@@ -29,6 +39,17 @@ public:
     vorlik::Stack<Actor*> others;     // made and freed with the rest, never filled
     vorlik::Stack<Powerup*> powerups; // every live powerup
 
+    Player* player = nullptr;          // owned; made by start()
+    Reticle* reticle = nullptr;        // owned; made by start()
+    ParticleSystem* sparkParticles;    // 1024 particles, owned: the guns' impact sparks
+    ParticleSystem* explosionParticles; // 4096 particles, owned: every ship's explosion
+    ParticleSlice* explosionSlice;     // owned; every explosion is emitted into it
+    Starfield* starfield;              // 512 stars, owned; drawn first in g_world
+    ScoreCounter* scoreCounter = nullptr;   // the score box's counter, owned by that box
+    ScoreCounter* reserveCounter = nullptr; // the weapon box's third counter, owned by that box
+    HUD_ScoreBox* scoreBox = nullptr;  // owned; made by start()
+    HUD_WeaponBox* weaponBox = nullptr;
+    HUD_RadarBox* radarBox = nullptr;
     Text* gameOverText;          // "Game Over" in the big font, owned; shown after game over
     float gameOverStart = 0.0f;  // ms: the text's fade-in window
     float gameOverEnd = 0.0f;
@@ -46,8 +67,22 @@ public:
     int32_t lives = kStartingLives;
     int32_t reserve = 0;         // raised by powerups
 
+    static constexpr float kFirstWaveDelay = 5000.0f;  // ms from start() to the first wave
+    static constexpr float kGameOverFade = 1500.0f;    // ms the "Game Over" text takes to show
+
+    // The lists, the particle systems with the explosion slice, the starfield and the game-over
+    // text; nothing goes into a scene yet, and no gun exists yet (guns take slices of
+    // sparkParticles as they are built, so g_game must be set before start()).
     GameSession();
     ~GameSession();
+
+    // Empties both scenes and builds the game: the starfield, the HUD boxes and reticle, the
+    // player with its guns at the world's centre, the score text and the explosion slice; the
+    // first wave comes 5 s later.
+    void start();
+    // One frame: reticle, actors, particles, the game-over text or the wave rule, then the
+    // camera follows the ship (with its drift and any shake) and the stars scroll with it.
+    void frame();
     GameSession(const GameSession&) = delete;
     GameSession& operator=(const GameSession&) = delete;
 

@@ -1,11 +1,20 @@
 #include "player/TextIndicator.h"
 
+#include "base/Resources.h"
 #include "platform/Vorlik.h"
 #include "play/ActorLists.h"
 #include "play/GameSession.h"
+#include "scene/DirectScene2D.h"
 #include "scene/Text.h"
 
 using vorlik::Vorlik;
+
+namespace {
+constexpr float kNoticeHeight = 16.0f; // pixels per character
+constexpr float kNoticeScale = 1.5f;
+constexpr float kNoticeY = 0.4f;       // of the window height, from the top
+constexpr float kWhite[4] = {1.0f, 1.0f, 1.0f, 1.0f};
+} // namespace
 
 uint32_t TextIndicator::lifeTime = 2750;
 float TextIndicator::speed = 35.0f;
@@ -19,6 +28,19 @@ TextIndicator::TextIndicator(vorlik::Font* font, const char* message, float font
     for (int i = 0; i < 4; ++i) text->color[i] = rgba[i];
     text->setAnchor(anchor);
     drawable = text;
+}
+
+TextIndicator* TextIndicator::hudNotice(const char* message)
+{
+    auto* notice = new TextIndicator(Resources::font_medium, message, kNoticeHeight, kWhite, ANCHOR_CENTRE);
+    notice->scale = kNoticeScale;
+    notice->position = vorlik::vec2(Vorlik::getWidth() * 0.5f, Vorlik::getHeight() * kNoticeY);
+    // The text is in the scene before the indicator's first update; it is placed now so that it
+    // is not drawn for a frame at the HUD's corner.
+    notice->Actor::update();
+    if (g_game != nullptr) g_game->actors.push(notice);
+    if (g_hud != nullptr) g_hud->add(notice->text);
+    return notice;
 }
 
 TextIndicator::~TextIndicator()

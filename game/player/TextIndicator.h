@@ -28,6 +28,11 @@ public:
     // and its height are set, so that it is measured from the final size.
     TextIndicator(vorlik::Font* font, const char* message, float fontHeight, const float rgba[4],
                   AnchorPreset anchor);
+    // The session's notices ("Wave 3 incoming", "2 lives left"): white, 16 pixels high, half as
+    // large again, centred at two fifths of the window's height on g_hud, born now and
+    // appended to g_game's actors.
+    static TextIndicator* hudNotice(const char* message);
+
     // Leaves the session's actors and deletes the text, which leaves its scene.
     ~TextIndicator() override;
 

@@ -1,32 +1,34 @@
 // The runlevel transitions of the main loop, driven through the engine's input snapshot and
-// clock without a window. Each simulated frame lasts 16 ms.
+// clock set by the test; each simulated frame lasts 16 ms. Nothing is drawn, but entering the
+// game builds the session into real scenes, which need the window.
 #include "app/MainLoop.h"
+
+#include "GameScenesTest.h"
 #include "app/Runlevel.h"
-#include "platform/EventState.h"
 #include "platform/Vorlik.h"
+#include "player/Player.h"
 #include "scene/Fader.h"
+#include "scene/Starfield.h"
 
 #include <gtest/gtest.h>
 
-using vorlik::EventState;
 using vorlik::Vorlik;
 
 namespace {
 
 constexpr uint32_t kFrameMs = 16;
 
-class MainLoopKeys : public ::testing::Test {
+// Entering the game builds a session into real scenes, so the loop runs with the window.
+class MainLoopKeys : public GameScenesTest {
 protected:
-    EventState input;
-    EventState* savedEvents = nullptr;
     Fader* savedFader = nullptr;
     Fader fader;
     MainLoop loop;
 
     void SetUp() override
     {
-        savedEvents = Vorlik::events;
-        Vorlik::events = &input;
+        GameScenesTest::SetUp();
+        if (IsSkipped()) return;
         savedFader = g_fader;
         g_fader = &fader;
         Vorlik::currentTime = 1000; // a new fader ended at 0, long ago
@@ -34,36 +36,24 @@ protected:
     }
     void TearDown() override
     {
-        Vorlik::events = savedEvents;
+        if (IsSkipped()) return;
         g_fader = savedFader;
-        Vorlik::currentTime = 0;
+        GameScenesTest::TearDown();
     }
 
-    void key(SDLKey k, bool down)
-    {
-        SDL_Event e{};
-        e.type = down ? SDL_KEYDOWN : SDL_KEYUP;
-        e.key.keysym.sym = k;
-        input.apply(e);
-    }
+    void key(SDLKey k, bool down) { input->key(k, down); }
+    void button(Uint8 b, bool down) { input->button(b, down); }
     void tap(SDLKey k)
     {
         key(k, true);
         frame();
         key(k, false);
     }
-    void button(Uint8 b, bool down)
-    {
-        SDL_Event e{};
-        e.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-        e.button.button = b;
-        input.apply(e);
-    }
     // Closes a frame the way endFrame does and lets the loop react to it.
     void frame()
     {
         Vorlik::currentTime += kFrameMs;
-        input.snapshot();
+        input->snapshot();
         loop.handleKeys();
     }
     // Frames until the running fade is over, and one more for the loop to see it.
@@ -129,6 +119,20 @@ TEST_F(MainLoopKeys, GameBeginsWhenTheFadeToBlackIsOverAndFadesIn)
     EXPECT_EQ(fader.fromAlpha, 1.0f);
     EXPECT_EQ(fader.toAlpha, 0.0f);
     EXPECT_EQ(fader.endTime - fader.startTime, 500u);
+}
+
+TEST_F(MainLoopKeys, EnteringTheGameCreatesAndStartsTheSession)
+{
+    tap(SDLK_RETURN);
+    EXPECT_EQ(g_game, nullptr);
+    finishFade();
+    ASSERT_NE(g_game, nullptr);
+    ASSERT_NE(g_game->player, nullptr);
+    EXPECT_TRUE(g_game->playing);
+    EXPECT_EQ(g_game->wave, 0);
+    EXPECT_EQ(g_game->player->position, vorlik::vec2(2048, 2048));
+    EXPECT_EQ(g_world->first, g_game->starfield);
+    EXPECT_EQ(g_game->friends.count, 1u);
 }
 
 TEST_F(MainLoopKeys, ReturnAndEscapeInOneFrameStartTheGameAndIgnoreEscape)

@@ -1,7 +1,7 @@
 #include "app/MainMenu.h"
 
 #include "DisplayTest.h"
-#include "platform/EventState.h"
+#include "ScriptedInput.h"
 #include "platform/Vorlik.h"
 #include "scene/DirectScene2D.h"
 #include "scene/Fader.h"
@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-using vorlik::EventState;
 using vorlik::Vorlik;
 
 namespace {
@@ -35,25 +34,13 @@ TEST(MainMenuTest, TheColourSetHoldsItsFourPairsAndItsSwitchOnceReset)
 // The menu's frame reads the input snapshot of a record owned by the test.
 class MainMenuFrame : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        saved = Vorlik::events;
-        Vorlik::events = &input;
-    }
-    void TearDown() override { Vorlik::events = saved; }
-
-    EventState input;
-    EventState* saved = nullptr;
+    ScriptedInput input;
     MainMenu menu;
 };
 
 TEST_F(MainMenuFrame, TheCursorFollowsTheMouse)
 {
-    SDL_Event motion{};
-    motion.type = SDL_MOUSEMOTION;
-    motion.motion.x = 300;
-    motion.motion.y = 200;
-    input.apply(motion);
+    input.mouseAt(300, 200);
     input.snapshot();
     menu.frame();
     EXPECT_EQ(menu.cursor->position.x, 300);

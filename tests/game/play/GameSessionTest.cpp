@@ -15,6 +15,10 @@ namespace {
 
 class GameSessionTest : public ::testing::Test {
 protected:
+    // The window size this test pretends to, put back afterwards for the tests that follow.
+    const uint32_t savedWidth = Vorlik::width;
+    const uint32_t savedHeight = Vorlik::height;
+
     GameSessionTest()
     {
         g_game = &session;
@@ -26,7 +30,10 @@ protected:
     {
         delete &session; // while g_game still names it, as in the game
         g_game = nullptr;
-        Vorlik::width = Vorlik::height = 0;
+        Vorlik::width = savedWidth;
+        Vorlik::height = savedHeight;
+        Vorlik::currentTime = 0;
+        g_rand.seed(kStaticRandomSeed); // the starfield and the shake drew from it
     }
 
     const char* lastAnnouncement() const

@@ -1,0 +1,230 @@
+// Two simulated minutes of a game, frame by frame through GameSession::frame, with the clock and
+// the input snapshot scripted by the test: the ship's energy, its flight across all four edges
+// of the world, the camera and the stars that follow it, and four ships lost until the game is
+// over. Nothing is drawn; the scenes exist because the session builds into them.
+#include "play/GameSession.h"
+
+#include "GameScenesTest.h"
+#include "math/scalar.h"
+#include "platform/Vorlik.h"
+#include "play/Laser.h"
+#include "play/Plasma.h"
+#include "player/Player.h"
+#include "player/TextIndicator.h"
+#include "scene/Starfield.h"
+#include "scene/Text.h"
+
+#include <gtest/gtest.h>
+#include <cmath>
+#include <string>
+#include <vector>
+
+using vorlik::Vorlik;
+using vorlik::vec2;
+
+namespace {
+
+constexpr uint32_t kFrameMs = 16;
+constexpr float kSync = kFrameMs * 0.001f;
+constexpr uint32_t kStart = 50000; // ms on the clock when the game starts
+
+class GameSessionRun : public GameScenesTest {
+protected:
+    void SetUp() override
+    {
+        GameScenesTest::SetUp();
+        if (IsSkipped()) return;
+        Vorlik::currentTime = kStart;
+        Vorlik::sync = kSync;
+        g_game = new GameSession();
+        g_game->start();
+        player = g_game->player;
+    }
+
+    void key(int k, bool down) { input->key(k, down); }
+    void button(int b, bool down) { input->button(b, down); }
+    void mouseAt(int x, int y) { input->mouseAt(x, y); }
+
+    // One frame as the main loop runs it: the snapshot and clock of endFrame, then the session.
+    // Checks what must hold after every frame: the camera leads the ship by 0.3 of its drift
+    // and zooms out with it, and the stars moved by the camera's step with the seam corrected.
+    void frame()
+    {
+        const vec2 cameraBefore(g_world->camera.x, g_world->camera.y);
+        const Starfield::Star star = g_game->starfield->stars[0];
+        input->snapshot();
+        Vorlik::currentTime += kFrameMs;
+        Vorlik::sync = kSync;
+        g_game->frame();
+        ++frames;
+
+        const vec2 lead = player->position + player->drift * 0.3f;
+        ASSERT_FLOAT_EQ(g_world->camera.x, lead.x) << "frame " << frames;
+        ASSERT_FLOAT_EQ(g_world->camera.y, lead.y) << "frame " << frames;
+        ASSERT_FLOAT_EQ(g_world->camera.zoom, 1.0f - player->drift.length() / player->driftLimit * 0.2f);
+        const vec2 cameraAfter(g_world->camera.x, g_world->camera.y);
+        vec2 d = cameraAfter - cameraBefore;
+        if (d.x > 1280) d.x -= 4096;
+        else if (d.x < -1280) d.x += 4096;
+        if (d.y > 720) d.y -= 4096;
+        else if (d.y < -720) d.y += 4096;
+        const Starfield& field = *g_game->starfield;
+        const float x = vorlik::wrap(star.x - d.x * field.parallax / star.z, -field.margin, field.screenWidth + field.margin);
+        const float y = vorlik::wrap(star.y - d.y * field.parallax / star.z, -field.margin, field.screenHeight + field.margin);
+        ASSERT_NEAR(field.stars[0].x, x, 1e-2) << "frame " << frames;
+        ASSERT_NEAR(field.stars[0].y, y, 1e-2) << "frame " << frames;
+        // Even the wreck's glide moves the camera by less than 30 units a frame; a step across
+        // the seam must not throw the stars by anything like a world.
+        if (frames > 1) {
+            ASSERT_LT(std::fabs(d.x), 200.0f) << "a seam crossing moved the stars by a world";
+            ASSERT_LT(std::fabs(d.y), 200.0f) << "a seam crossing moved the stars by a world";
+        }
+    }
+    void run(uint32_t ms)
+    {
+        for (uint32_t t = 0; t < ms; t += kFrameMs) frame();
+    }
+    uint32_t now() const { return Vorlik::currentTime; }
+    // The newest notice whose text ends with ending. With no enemy to fight, a wave starts
+    // every frame once the first has begun, so wave announcements come and go all the time.
+    std::string newestNotice(const std::string& ending) const
+    {
+        for (uint32_t i = g_game->actors.count; i-- > 0;) {
+            auto* t = dynamic_cast<TextIndicator*>(g_game->actors[i]);
+            if (t == nullptr) continue;
+            const std::string text = t->text->text.data;
+            if (text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0)
+                return text;
+        }
+        return "";
+    }
+
+    // Flies with the key held until the ship has crossed the world's edge on the key's axis.
+    void flyAcrossTheEdge(int k, bool horizontal)
+    {
+        key(k, true);
+        bool crossed = false;
+        for (int i = 0; i < 2500 && !crossed; ++i) {
+            const vec2 before = player->position;
+            frame();
+            const float jump = horizontal ? player->position.x - before.x : player->position.y - before.y;
+            crossed = std::fabs(jump) > 2048;
+        }
+        key(k, false);
+        EXPECT_TRUE(crossed) << "key " << char(k);
+    }
+
+    // Kills the ship and follows it through the wait, the glide and the respawn.
+    void loseAShip(int livesLeft)
+    {
+        const vec2 wreck = player->position;
+        EXPECT_FALSE(player->damage(1000));
+        const uint32_t died = now();
+        EXPECT_FLOAT_EQ(player->deathTime, died + 2500.0f);
+        EXPECT_FLOAT_EQ(player->returnTime, died + 6000.0f);
+        EXPECT_EQ(g_game->friends.count, 0u);
+        while (now() + kFrameMs < died + 2500) {
+            frame();
+            ASSERT_EQ(player->position, wreck) << "the wreck waits where it died";
+        }
+        while (now() + kFrameMs < died + 4250) frame();
+        frame(); // t = 0.5 or just past it
+        const float t = (now() - player->deathTime) / (player->returnTime - player->deathTime);
+        const vec2 eased(vorlik::smoothLerp(t, wreck.x, player->respawnPosition.x),
+                         vorlik::smoothLerp(t, wreck.y, player->respawnPosition.y));
+        const vec2 wrapped(vorlik::wrap(eased.x, 0.0f, 4096.0f), vorlik::wrap(eased.y, 0.0f, 4096.0f));
+        EXPECT_NEAR(player->position.x, wrapped.x, 0.5);
+        EXPECT_NEAR(player->position.y, wrapped.y, 0.5);
+        while (now() < died + 6000) frame();
+        frame();
+        EXPECT_EQ(g_game->lives, livesLeft);
+        EXPECT_EQ(newestNotice(" lives left"), std::to_string(livesLeft) + " lives left");
+        EXPECT_EQ(player->hull, 125.0f);
+        EXPECT_EQ(g_game->friends.count, 1u);
+        // A second of growing in, untouchable; then it takes damage again.
+        EXPECT_TRUE(player->damage(1000));
+        run(1000);
+        EXPECT_EQ(player->scale, 1.0f);
+        EXPECT_TRUE(player->damage(10));
+        EXPECT_EQ(player->hull, 115.0f);
+    }
+
+    Player* player = nullptr;
+    int frames = 0;
+};
+
+TEST_F(GameSessionRun, TwoMinutesOfFlightFireDeathsAndGameOver)
+{
+    // The first wave comes 5000 ms after the start, with no enemy anywhere.
+    EXPECT_EQ(player->position, vec2(2048, 2048));
+    while (now() <= kStart + 5000) {
+        frame();
+        if (now() <= kStart + 5000) ASSERT_EQ(g_game->wave, 0);
+    }
+    EXPECT_EQ(g_game->wave, 1);
+    EXPECT_EQ(newestNotice(" incoming"), "Wave 1 incoming");
+
+    // Thrust: 25 energy a second against 35 of regeneration.
+    player->energy = 100;
+    key('d', true);
+    for (int i = 0; i < 50; ++i) frame();
+    key('d', false);
+    EXPECT_NEAR(player->energy, 100 + 50 * (35 - 25) * kSync, 1e-3);
+
+    // Bolts at 2 energy and beams at 8, each frame's change matching the shots that left.
+    mouseAt(900, 300);
+    button(1, true);
+    button(3, true);
+    int bolts = 0, beams = 0;
+    for (int i = 0; i < 200; ++i) {
+        const float before = player->energy;
+        frame();
+        const bool bolt = player->plasma->lastShot == static_cast<float>(now());
+        const bool beam = player->laser->lastShot == static_cast<float>(now());
+        bolts += bolt;
+        beams += beam;
+        const float regen = std::fmin(35 * kSync, player->maxEnergy - before);
+        ASSERT_NEAR(player->energy, before + regen - 2 * bolt - 8 * beam, 1e-3) << "frame " << i;
+    }
+    button(1, false);
+    button(3, false);
+    EXPECT_EQ(bolts, 16); // one every 13 frames of 16 ms: the gate's 200 ms rounded up to 208
+    EXPECT_EQ(beams, 13); // one every 16 frames: 256 ms
+    // Regeneration stops at the cap.
+    run(12000);
+    EXPECT_EQ(player->energy, 350.0f);
+
+    // Across all four edges of the world.
+    flyAcrossTheEdge('d', true);
+    flyAcrossTheEdge('a', true);
+    flyAcrossTheEdge('a', true);
+    flyAcrossTheEdge('s', false);
+    flyAcrossTheEdge('w', false);
+    flyAcrossTheEdge('w', false);
+
+    // Three ships lost and back, then the fourth ends the game.
+    loseAShip(2);
+    loseAShip(1);
+    loseAShip(0);
+    EXPECT_FALSE(player->damage(1000));
+    frame();
+    EXPECT_FALSE(g_game->playing);
+    const int wave = g_game->wave;
+    const float over = g_game->gameOverStart;
+    EXPECT_EQ(g_game->gameOverEnd, over + 1500);
+    EXPECT_EQ(g_game->gameOverText->parent, static_cast<Container*>(g_hud));
+    EXPECT_STREQ(g_game->gameOverText->text.data, "Game Over");
+    while (now() < over + 750) frame();
+    EXPECT_NEAR(g_game->gameOverText->color[3], 0.5f, 0.02f);
+    while (now() < over + 1500) frame();
+    frame();
+    EXPECT_EQ(g_game->gameOverText->color[3], 1.0f);
+
+    // Past two minutes, the game stays over: no wave starts, the text stays.
+    while (now() < kStart + 125000) frame();
+    EXPECT_EQ(g_game->wave, wave);
+    EXPECT_FALSE(g_game->playing);
+    EXPECT_GE(now() - kStart, 120000u);
+}
+
+} // namespace

@@ -1,0 +1,248 @@
+#include "player/Player.h"
+
+#include "GameScenesTest.h"
+#include "base/GameRandom.h"
+#include "platform/Vorlik.h"
+#include "play/GameSession.h"
+#include "play/Laser.h"
+#include "play/Plasma.h"
+#include "player/TextIndicator.h"
+#include "scene/Group.h"
+#include "scene/ParticleEmitter.h"
+#include "scene/ParticleSlice.h"
+#include "scene/Sprite.h"
+#include "scene/Text.h"
+
+#include <gtest/gtest.h>
+#include <cmath>
+
+using vorlik::Vorlik;
+using vorlik::vec2;
+
+namespace {
+
+constexpr uint32_t kFrameMs = 16;
+
+// A session holding one ship, with the clock and the input snapshot set by the test. The guns
+// aim through the world scene, so the scenes exist, and with them the window.
+class PlayerTest : public GameScenesTest {
+protected:
+    void SetUp() override
+    {
+        GameScenesTest::SetUp();
+        if (IsSkipped()) return;
+        Vorlik::currentTime = 100000;
+        Vorlik::sync = kFrameMs * 0.001f;
+        g_game = new GameSession();
+        player = new Player();
+        g_game->player = player;
+        g_game->actors.push(player);
+        g_game->friends.push(player);
+        player->position = vec2(2048, 2048);
+    }
+
+    void key(int k, bool down) { input->key(k, down); }
+    void button(int b, bool down) { input->button(b, down); }
+    void mouseAt(int x, int y) { input->mouseAt(x, y); }
+    // One frame of frameMs: the snapshot, the clock, then the ship's update.
+    void frame(uint32_t frameMs = kFrameMs)
+    {
+        input->snapshot();
+        Vorlik::currentTime += frameMs;
+        Vorlik::sync = frameMs * 0.001f;
+        player->update();
+    }
+
+    Player* player = nullptr;
+};
+
+TEST_F(PlayerTest, AFreshShipHasMoreHullThanARepairGivesBack)
+{
+    EXPECT_EQ(player->hull, 125.0f);
+    EXPECT_EQ(player->maxHull, 100.0f);
+    EXPECT_EQ(player->radius, 32.0f);
+    EXPECT_EQ(player->pickupRange, 150.0f);
+    EXPECT_EQ(player->energy, 350.0f);
+    EXPECT_FLOAT_EQ(player->driftLimit, 707.1068f);
+    EXPECT_EQ(player->drawable, player->shipGroup);
+    EXPECT_EQ(player->shipGroup->count, 5u);
+    EXPECT_EQ(player->shipGroup->first, player->hullBottom);
+    EXPECT_EQ(player->glowBottom->blendMode(), BLEND_ADDITIVE);
+    EXPECT_EQ(player->glowBottom->color.a, 107);
+    EXPECT_EQ(player->laser->colour[3], 224);
+}
+
+TEST_F(PlayerTest, EnergyRegrowsThirtyFivePerSecondUpToItsCapAndShowsInTheText)
+{
+    player->energy = 100;
+    frame(1000);
+    EXPECT_FLOAT_EQ(player->energy, 135);
+    EXPECT_STREQ(player->energyText->text.data, "Energy: 135");
+    player->energy = 349;
+    frame(1000);
+    EXPECT_EQ(player->energy, 350);
+}
+
+TEST_F(PlayerTest, ThrustCostsTwentyFivePerSecond)
+{
+    player->energyRegen = 0;
+    key('d', true);
+    frame(1000);
+    EXPECT_FLOAT_EQ(player->energy, 325);
+    EXPECT_GT(player->velocity.x, 0);
+    EXPECT_EQ(player->exhaustEmitter->rate, 100u);
+}
+
+TEST_F(PlayerTest, HoldingAAndDTogetherGivesNoThrustCostsNothingAndBrakesTheXAxis)
+{
+    player->energyRegen = 0;
+    player->velocity = vec2(100, 0);
+    key('a', true);
+    key('d', true);
+    frame();
+    EXPECT_EQ(player->energy, 350);
+    EXPECT_FLOAT_EQ(player->velocity.x, 100 - 300 * 0.016f);
+    EXPECT_EQ(player->exhaustEmitter->rate, 0u);
+}
+
+TEST_F(PlayerTest, WithEnergyBelowTheThrustCostTheShipAcceleratesLessAndEnergyEndsAtZero)
+{
+    player->energyRegen = 0;
+    player->energy = 0.1f; // a quarter of the 0.4 a 16 ms frame of thrust costs
+    key('s', true);
+    frame();
+    EXPECT_EQ(player->energy, 0.0f);
+    EXPECT_FLOAT_EQ(player->velocity.y, 500 * 0.016f / 4);
+}
+
+TEST_F(PlayerTest, FlyingPastTheRightEdgePutsTheShipNearZero)
+{
+    player->position = vec2(4095, 100);
+    player->velocity = vec2(300, 0);
+    frame(); // the brake takes 4.8 off the speed before the move
+    EXPECT_NEAR(player->position.x, 4095 + (300 - 4.8f) * 0.016f - 4096, 1e-3);
+}
+
+TEST_F(PlayerTest, HoldingTheLeftButtonFiresABoltEveryTwoHundredMillisecondsForTwoEnergyEach)
+{
+    player->energyRegen = 0;
+    mouseAt(2100, 2048);
+    button(1, true);
+    int shots = 0;
+    float before = player->energy;
+    for (int i = 0; i < 125; ++i) { // 2 seconds
+        frame();
+        if (player->energy < before) ++shots;
+        before = player->energy;
+    }
+    EXPECT_EQ(shots, 10);
+    EXPECT_FLOAT_EQ(player->energy, 350 - 2 * 10);
+}
+
+TEST_F(PlayerTest, HoldingTheRightButtonFiresABeamEveryTwoHundredFiftyMillisecondsForEightEnergy)
+{
+    player->energyRegen = 0;
+    button(3, true);
+    for (int i = 0; i < 125; ++i) frame();
+    EXPECT_FLOAT_EQ(player->energy, 350 - 8 * 8);
+}
+
+TEST_F(PlayerTest, FiringNeedsEnergyStrictlyAboveTheWeaponsPower)
+{
+    player->energyRegen = 0;
+    player->energy = 2;
+    button(1, true);
+    frame();
+    EXPECT_EQ(player->energy, 2);
+    player->energy = 2.5f;
+    frame(300);
+    EXPECT_FLOAT_EQ(player->energy, 0.5f);
+}
+
+TEST_F(PlayerTest, DamageThatTakesTheHullToExactlyZeroKills)
+{
+    EXPECT_TRUE(player->damage(100));
+    EXPECT_EQ(player->hull, 25);
+    EXPECT_FALSE(player->damage(25));
+    EXPECT_EQ(player->hull, 0); // set to 1, then die() sets it to 0
+    EXPECT_EQ(player->scale, 0);
+    EXPECT_EQ(g_game->friends.count, 0u);
+    EXPECT_GT(g_game->explosionSlice->count, 0u);
+}
+
+TEST_F(PlayerTest, ADeathWithLivesLeftWaitsGlidesEasedAndComesBackWithTheLivesNotice)
+{
+    player->position = vec2(1000, 1000);
+    player->die();
+    const float died = static_cast<float>(Vorlik::currentTime);
+    EXPECT_EQ(player->deathTime, died + 2500);
+    EXPECT_EQ(player->returnTime, died + 6000);
+    EXPECT_NEAR(player->respawnPosition.length(), 1920, 0.01);
+
+    // The wreck stays put for 2.5 s.
+    while (Vorlik::currentTime + kFrameMs < died + 2500) frame();
+    EXPECT_EQ(player->position, vec2(1000, 1000));
+    // Halfway through the glide the cosine ease is at one half.
+    Vorlik::currentTime = static_cast<uint32_t>(died) + 2500 + 1750 - kFrameMs;
+    frame();
+    const vec2 middle = (player->deathPosition + player->respawnPosition) * 0.5f;
+    const vec2 expected = vec2(std::fmod(middle.x + 4096, 4096.0f), std::fmod(middle.y + 4096, 4096.0f));
+    EXPECT_NEAR(player->position.x, expected.x, 0.5);
+    EXPECT_NEAR(player->position.y, expected.y, 0.5);
+    // Past the return time it respawns.
+    Vorlik::currentTime = static_cast<uint32_t>(died) + 6000;
+    frame();
+    EXPECT_EQ(g_game->lives, 2);
+    EXPECT_EQ(player->hull, 125);
+    EXPECT_EQ(player->deathTime, 0);
+    EXPECT_EQ(player->returnTime, 0);
+    ASSERT_EQ(g_game->friends.count, 1u);
+    auto* notice = static_cast<TextIndicator*>(g_game->actors[g_game->actors.count - 1]);
+    EXPECT_STREQ(notice->text->text.data, "2 lives left");
+    EXPECT_EQ(notice->scale, 1.5f);
+}
+
+TEST_F(PlayerTest, DamageDuringTheSecondAfterARespawnIsIgnored)
+{
+    player->deathTime = 1;
+    player->returnTime = 2;
+    player->respawn();
+    EXPECT_TRUE(player->damage(1000));
+    EXPECT_EQ(player->hull, 125);
+    frame(500);
+    EXPECT_NEAR(player->scale, 0.5f, 0.02f); // growing in
+    EXPECT_TRUE(player->damage(1000));
+    EXPECT_EQ(player->hull, 125);
+    frame(501);
+    EXPECT_FALSE(player->damage(1000));
+}
+
+TEST_F(PlayerTest, TheLastDeathTakesTheShipOutOfTheGame)
+{
+    g_game->lives = 0;
+    player->die();
+    EXPECT_EQ(g_game->friends.count, 0u);
+    EXPECT_EQ(g_game->actors.count, 0u);
+    EXPECT_EQ(player->shipGroup->parent, nullptr);
+    EXPECT_EQ(player->returnTime, 0);
+}
+
+TEST_F(PlayerTest, TheHullLayersTurnAtTheirOwnRates)
+{
+    frame(1000);
+    EXPECT_FLOAT_EQ(player->hullBottom->rotation, 360 - 165);
+    EXPECT_FLOAT_EQ(player->glowBottom->rotation, 360 - 165);
+    EXPECT_FLOAT_EQ(player->hullMiddle->rotation, 20);
+    EXPECT_EQ(player->hullTop->rotation, 0);
+}
+
+TEST_F(PlayerTest, AVelocityOfLengthSixHundredIsCutToThreeHundredFifty)
+{
+    player->velocity = vec2(360, 480);
+    key('d', true);
+    key('s', true);
+    frame(1);
+    EXPECT_NEAR(player->velocity.length(), 350, 1e-3);
+}
+
+} // namespace
