@@ -9,8 +9,10 @@
 #include "platform/Vorlik.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
+#include "hud/ScoreCounter.h"
 #include "player/Player.h"
 #include "player/TextIndicator.h"
+#include "scene/ParticleSlice.h"
 #include "scene/Starfield.h"
 #include "scene/Text.h"
 
@@ -225,6 +227,40 @@ TEST_F(GameSessionRun, TwoMinutesOfFlightFireDeathsAndGameOver)
     EXPECT_EQ(g_game->wave, wave);
     EXPECT_FALSE(g_game->playing);
     EXPECT_GE(now() - kStart, 120000u);
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(GameSessionRun, NoLivesAndNoHullInOneFrameEndTheGameAndNoWaveFollowsEvenPastItsTime)
+{
+    g_game->lives = 0;
+    g_game->nextWaveTime = static_cast<float>(now()) - 1; // the timer has run out
+    EXPECT_FALSE(player->damage(1000));
+    frame();
+    EXPECT_FALSE(g_game->playing);
+    EXPECT_EQ(g_game->wave, 0);
+    EXPECT_EQ(g_game->gameOverText->color[3], 0.0f);
+    run(3000);
+    EXPECT_EQ(g_game->wave, 0);
+}
+
+TEST_F(GameSessionRun, StartPutsTheShipAtTheCentreWithItsGunsAndTheHudInTheirScenes)
+{
+    EXPECT_EQ(g_world->first, g_game->starfield);
+    EXPECT_EQ(player->drawable->parent, static_cast<Container*>(g_world));
+    EXPECT_EQ(player->plasma->parent, static_cast<Container*>(g_world));
+    EXPECT_EQ(player->laser->parent, static_cast<Container*>(g_world));
+    EXPECT_EQ(g_game->explosionSlice->parent, static_cast<Container*>(g_world));
+    EXPECT_EQ(g_world->last, static_cast<Drawable*>(g_game->explosionSlice));
+    EXPECT_EQ(g_game->actors.count, 2u); // the score counter and the ship
+    EXPECT_EQ(g_game->friends.count, 1u);
+    EXPECT_FLOAT_EQ(g_game->nextWaveTime, kStart + 5000.0f);
+    EXPECT_EQ(g_game->lives, 3);
+    // On the HUD: the three boxes, the reticle, the energy line, then the score over its panel.
+    EXPECT_EQ(g_hud->count, 6u);
+    EXPECT_EQ(g_hud->last, g_game->scoreCounter->drawable);
 }
 
 } // namespace
