@@ -11,6 +11,7 @@
 #include "hud/HUD_WeaponBox.h"
 #include "hud/Reticle.h"
 #include "hud/ScoreCounter.h"
+#include "play/Enemy.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
 #include "play/WorldGeometry.h"
@@ -181,6 +182,32 @@ void GameSession::startWave()
     speedFactor = grow(speedFactor, kSpeedPerWave);
     fireFactor = grow(fireFactor, kFirePerWave);
     toughness = grow(toughness, kToughnessPerWave);
+
+    if (g_world == nullptr) return;
+    for (Enemy* enemy : enemies)
+        if (enemy->drawable != nullptr) g_world->add(enemy->drawable);
+    if (player != nullptr) {
+        g_world->add(player->plasma);
+        g_world->add(player->laser);
+    }
+}
+
+void GameSession::areaDamage(const vorlik::vec2& centre, float radius)
+{
+    for (uint32_t i = 0; i < enemies.count;) {
+        Enemy* enemy = enemies[i];
+        vorlik::vec2 images[kWrapImageCount];
+        wrapImages(enemy->position, images);
+        bool reached = false;
+        for (const vorlik::vec2& image : images) {
+            if ((image - centre).length() < radius) {
+                reached = true;
+                break;
+            }
+        }
+        ++i;
+        if (reached) enemy->explode();
+    }
 }
 
 void GameSession::shake(float duration, float strength)

@@ -87,8 +87,14 @@ public:
     GameSession& operator=(const GameSession&) = delete;
 
     // Begins the next wave: its timer (now + 10 x old wave + 90000 ms), the number, the
-    // "Wave N incoming" announcement on the HUD and the difficulty factors.
+    // "Wave N incoming" announcement on the HUD and the difficulty factors; then every enemy,
+    // and after them the player's guns, move to the top of the world's draw order (the ship
+    // itself stays where it is, under the enemies).
     void startWave();
+    // Blows up every enemy that has a wrap image closer than radius to centre. The walk moves
+    // on before each explosion, so the enemy that the removal moves into the freed slot is
+    // skipped and escapes this blast.
+    void areaDamage(const vorlik::vec2& centre, float radius);
     // Starts a screen shake of the given length (ms) and strength (world units).
     void shake(float duration, float strength);
     // This frame's shake displacement of the camera: zero outside a shake; otherwise a random

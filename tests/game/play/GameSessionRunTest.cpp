@@ -264,3 +264,16 @@ TEST_F(GameSessionRun, StartPutsTheShipAtTheCentreWithItsGunsAndTheHudInTheirSce
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(GameSessionRun, AWaveStartPutsThePlayersGunsOnTopOfTheWorldsDrawOrder)
+{
+    ASSERT_EQ(g_world->last, static_cast<Drawable*>(g_game->explosionSlice));
+    while (g_game->wave == 0) frame();
+    EXPECT_EQ(g_world->last, static_cast<Drawable*>(player->laser));
+    EXPECT_EQ(g_world->last->prev, static_cast<Drawable*>(player->plasma));
+    EXPECT_NE(player->drawable->next, static_cast<Drawable*>(player->plasma)); // the ship stays below
+}
+
+} // namespace
