@@ -59,7 +59,7 @@ GameSession::GameSession()
       powerups(kActorListCapacity),
       sparkParticles(new ParticleSystem(kSparkParticles)),
       explosionParticles(new ParticleSystem(kExplosionParticles, kExplosionSetting)),
-      explosionSlice(explosionParticles->createSlice(true, false)),
+      explosionSlice(explosionParticles->createSlice(ParticleSystem::kLeaveWhenEmpty, ParticleSystem::kKeepWhenEmpty)),
       starfield(new Starfield(kStarCount)),
       gameOverText(new Text(Resources::font_big, "Game Over"))
 {

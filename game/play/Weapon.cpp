@@ -27,8 +27,6 @@ constexpr GunNumbers kGuns[] = {
     {65.0f, 85.0f, 4.0f, 8.0f}, // laser
 };
 
-constexpr bool kRemoveWhenEmpty = true;
-constexpr bool kDeleteWhenEmpty = false;
 constexpr uint32_t kQuadListCapacity = 1024; // vertices; the list doubles when a frame needs more
 constexpr GLsizei kStride = sizeof(Weapon::QuadVertex);
 
@@ -104,7 +102,7 @@ Weapon::Quad Weapon::square(const vorlik::vec2& centre, float halfSize, const ui
 
 ParticleSlice* Weapon::newSparkSlice() const
 {
-    return sparkSystem->createSlice(kRemoveWhenEmpty, kDeleteWhenEmpty);
+    return sparkSystem->createSlice(ParticleSystem::kLeaveWhenEmpty, ParticleSystem::kKeepWhenEmpty);
 }
 
 vorlik::Stack<Weapon::QuadVertex>& Weapon::quadList()

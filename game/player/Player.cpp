@@ -63,9 +63,10 @@ const Burst kBursts[2] = {
     {512, {500, 599}, {5622, 6233}, {0.6f, 0.2f, 0.05f, 1.0f}, {0.9f, 0.3f, 0.1f, 1.0f}, 1.22f},
 };
 
-// The exhaust's look: short-lived blue-violet puffs that leave the nozzle backwards in a narrow
-// cone and shrink away, in the colours of the hull's glow. Only the emitter's place, direction
-// and rate change in flight.
+// The exhaust's look, which nothing else fixes: short-lived blue-violet puffs that leave the
+// nozzle backwards in a narrow cone and shrink away, in the colours of the hull's glow. With an
+// emitter's defaults (white, 16 units, barely moving) the trail was a solid white bar. Only
+// the emitter's place, direction and rate change in flight.
 void setUpExhaust(ParticleEmitter& e)
 {
     e.colorA = vorlik::vec4(0.25f, 0.25f, 0.85f, 1.0f);

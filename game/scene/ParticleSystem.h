@@ -70,6 +70,9 @@ public:
     // A new slice bound to this system, visible, drawn in world coordinates, in blendMode; the
     // caller owns it (see above).
     ParticleSlice* createSlice(bool removeWhenEmpty, bool deleteWhenEmpty);
+    // Names for createSlice's two switches, so that a call says which slice it asks for.
+    static constexpr bool kLeaveWhenEmpty = true, kStayWhenEmpty = false;   // removeWhenEmpty
+    static constexpr bool kDeleteWhenEmpty = true, kKeepWhenEmpty = false;  // deleteWhenEmpty
 
     // A burst of count particles into slice (null means defaultSlice), born now. Lives are
     // whole milliseconds, lifeMin <= life < lifeMax (lifeMin when equal); direction is normalised here and may be (0, 0),

@@ -93,6 +93,18 @@ TEST_F(PlayerTest, ThrustCostsTwentyFivePerSecond)
     EXPECT_EQ(player->exhaustEmitter->rate, 100u);
 }
 
+TEST_F(PlayerTest, TheExhaustSitsAtTheShipAndBlowsAgainstItsVelocity)
+{
+    key('s', true);
+    frame();
+    EXPECT_EQ(player->exhaustEmitter->position, vec2(2048, 2048)); // placed before this frame's move
+    EXPECT_EQ(player->exhaustEmitter->direction, -player->velocity);
+    EXPECT_EQ(player->exhaustEmitter->rate, 100u);
+    key('s', false);
+    frame();
+    EXPECT_EQ(player->exhaustEmitter->rate, 0u);
+}
+
 TEST_F(PlayerTest, HoldingAAndDTogetherGivesNoThrustCostsNothingAndBrakesTheXAxis)
 {
     player->energyRegen = 0;
