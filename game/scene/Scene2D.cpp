@@ -1,13 +1,9 @@
 #include "scene/Scene2D.h"
 
 #include "graphics/FrameBuffer.h"
-#include "graphics/FullscreenQuad.h"
-#include "graphics/Texture.h"
 #include "scene/SceneRenderer.h"
 #include "scene/Shaders.h"
 
-#include <GL/gl.h>
-#include <GL/glext.h>
 
 Scene2D* g_world = nullptr;
 
@@ -24,17 +20,6 @@ Scene2D::~Scene2D() { delete target; }
 
 void Scene2D::render()
 {
-    target->bind();
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    SceneRenderer renderer;
+    SceneRenderer renderer(target);
     drawFrame(renderer);
-
-    // The composite keeps whichever program the last draw left in use. With nodes in the
-    // world that is the textured program; with an empty world it is whatever drew last in the
-    // previous frame, the fader's colour program during a fade, which paints the window with
-    // the quad's opaque white.
-    vorlik::FrameBuffer::unbind();
-    textures[0]->bind(GL_TEXTURE0);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    vorlik::drawFullscreenQuad();
 }

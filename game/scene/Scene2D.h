@@ -24,8 +24,8 @@ public:
     Scene2D(int32_t width, int32_t height);
     ~Scene2D() override;
 
-    // Draws the tree into the cleared target (drawFrame), then the target onto the window
-    // under whichever program the frame's last draw left in use.
+    // Draws the tree into the cleared target, then the target onto the window under whichever
+    // program the frame's last draw left in use (drawFrame through a SceneRenderer of target).
     void render();
 };
 

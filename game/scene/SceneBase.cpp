@@ -39,6 +39,7 @@ void SceneBase::drawFrame(SceneSink& sink)
     switches.cullTransparent = cullTransparent;
     switches.debugBounds = debugBounds;
     traverseScene(first, frame.state, switches, scratch, sink);
+    sink.endFrame();
 }
 
 void SceneBase::prepareFrame(Frame& frame)

@@ -4,9 +4,8 @@
 // off-screen target or the window) is their own render's business.
 //
 // A frame, step by step (drawFrame):
-//  1. The sink sets up the frame's GL state (SceneSink::beginFrame). GL is called only by the
-//     sink, SceneRenderer, and by the scenes' own render round the frame (Scene2D binds its
-//     target before and composites it after).
+//  1. The sink sets up where the frame goes and its GL state (SceneSink::beginFrame). GL is
+//     called only by the sink, SceneRenderer: the world's binds and clears its target here.
 //  2. prepareFrame, no GL: a zoom at or below 0.01 becomes 0.01 (written back); the camera is
 //     wrapped into the world for this frame only; the view list is built into scratch.views
 //     (buildViewRects, ViewRect.h); the projections and the camera transform are made, and
@@ -15,7 +14,10 @@
 //  4. traverseScene (SceneTraversal.h) walks the tree on scratch's stacks and decides what is
 //     drawn and where; each leaf goes to the sink's drawNode, which loads the node's matrices,
 //     blend function and program and calls the node's draw.
-// The scene owns its scratch lists; they keep their memory from frame to frame.
+//  5. The sink finishes the frame (SceneSink::endFrame): the world's composites its target
+//     onto the window.
+// The scene owns its scratch lists (scratch, a SceneScratch of SceneTraversal.h); they keep
+// their memory from frame to frame.
 #pragma once
 
 #include "math/mat4.h"
@@ -75,7 +77,7 @@ public:
     SceneBase(int32_t width, int32_t height);
     ~SceneBase() override;
 
-    // Steps 1 to 4 above: one frame of the tree, drawn through sink.
+    // Steps 1 to 5 above: one frame of the tree, drawn through sink.
     void drawFrame(SceneSink& sink);
     // Step 2 above, no GL.
     void prepareFrame(Frame& frame);

@@ -1,5 +1,8 @@
 #include "scene/SceneRenderer.h"
 
+#include "graphics/FrameBuffer.h"
+#include "graphics/FullscreenQuad.h"
+#include "graphics/Texture.h"
 #include "math/mat4.h"
 #include "scene/Drawable.h"
 #include "scene/SceneState.h"
@@ -47,8 +50,14 @@ BlendFactors blendFactorsFor(uint32_t blendField)
     return {GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA};
 }
 
+SceneRenderer::SceneRenderer(vorlik::FrameBuffer* destination) : target(destination) {}
+
 void SceneRenderer::beginFrame()
 {
+    if (target != nullptr) {
+        target->bind();
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    }
     glDisable(GL_CULL_FACE);
     glDisable(GL_DEPTH_TEST);
     glEnable(GL_TEXTURE_2D);
@@ -57,6 +66,15 @@ void SceneRenderer::beginFrame()
     glEnableClientState(GL_COLOR_ARRAY);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisableClientState(GL_NORMAL_ARRAY);
+}
+
+void SceneRenderer::endFrame()
+{
+    if (target == nullptr) return;
+    vorlik::FrameBuffer::unbind();
+    target->color[0]->bind(GL_TEXTURE0);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    vorlik::drawFullscreenQuad();
 }
 
 void SceneRenderer::drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight)

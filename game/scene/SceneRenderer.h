@@ -16,11 +16,24 @@ struct BlendFactors {
 // NORMAL is tested first, then ADDITIVE, then MODULATE; a field with none of them is NORMAL.
 BlendFactors blendFactorsFor(uint32_t blendField);
 
+namespace vorlik {
+class FrameBuffer;
+}
+
 class SceneRenderer : public SceneSink {
 public:
-    // Culling and depth test off, texturing and blending on, the vertex, colour and
-    // texture-coordinate arrays on and the normal array off.
+    // Draws into target (its size, cleared at the start, composited onto the window at the
+    // end), or straight into the window when target is null.
+    explicit SceneRenderer(vorlik::FrameBuffer* target = nullptr);
+
+    // Binds and clears the target, if any; then culling and depth test off, texturing and
+    // blending on, the vertex, colour and texture-coordinate arrays on and the normal array off.
     void beginFrame() override;
+    // With a target: back to the window, and the target's first colour texture drawn over the
+    // whole window with normal blending, under whichever program the last draw left in use.
+    // With an empty world that is the program that drew last in the previous frame: during a
+    // fade the fader's colour program, which paints the quad's opaque white.
+    void endFrame() override;
     // A white line loop at alpha 192 and line width 3.
     void drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight) override;
 
@@ -30,4 +43,7 @@ public:
     void drawNode(Drawable& node, const SceneState& state) override;
     // The rectangle as a line loop of width 1 with the corners green, red, blue, red.
     void drawBounds(const Rect& cameraRect, const SceneState& state) override;
+
+private:
+    vorlik::FrameBuffer* target;
 };

@@ -10,8 +10,10 @@ struct SceneState;
 class SceneSink {
 public:
     virtual ~SceneSink() = default;
-    // The state every frame starts from, before anything is drawn.
+    // Where the frame goes and the state it starts from, before anything is drawn.
     virtual void beginFrame() = 0;
+    // After the tree: what the frame's destination needs to reach the window.
+    virtual void endFrame() = 0;
     // Outline of the world (0, 0) to (worldWidth, worldHeight) through the frame's camera.
     virtual void drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight) = 0;
     // Draw one leaf node under its own state (colour, transform, view list).

@@ -161,7 +161,9 @@ TEST_F(GameSessionRun, TwoMinutesOfFlightFireDeathsAndGameOver)
     EXPECT_EQ(player->position, vec2(2048, 2048));
     while (now() <= kStart + 5000) {
         frame();
-        if (now() <= kStart + 5000) ASSERT_EQ(g_game->wave, 0);
+        if (now() <= kStart + 5000) {
+            ASSERT_EQ(g_game->wave, 0);
+        }
     }
     EXPECT_EQ(g_game->wave, 1);
     EXPECT_EQ(newestNotice(" incoming"), "Wave 1 incoming");

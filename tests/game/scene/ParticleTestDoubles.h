@@ -41,6 +41,7 @@ public:
 class ParticleSceneSink : public SceneSink {
 public:
     void beginFrame() override {}
+    void endFrame() override {}
     void drawWorldOutline(const SceneState&, float, float) override {}
     void drawBounds(const Rect&, const SceneState&) override {}
     void drawNode(Drawable& node, const SceneState& state) override

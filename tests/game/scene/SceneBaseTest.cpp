@@ -175,7 +175,7 @@ TEST_F(SceneBaseTest, InitialStateIsOpaqueWhiteOverTheFramesViews)
     EXPECT_EQ(frame.state.perspective, &frame.perspective);
 }
 
-TEST_F(SceneBaseTest, AFrameBeginsThenOutlinesTheWorldThenDrawsTheTreeInOrder)
+TEST_F(SceneBaseTest, AFrameBeginsThenOutlinesTheWorldThenDrawsTheTreeInOrderThenEnds)
 {
     RecordingLeaf a, b;
     a.position = vorlik::vec3(640, 360, 0);
@@ -186,7 +186,7 @@ TEST_F(SceneBaseTest, AFrameBeginsThenOutlinesTheWorldThenDrawsTheTreeInOrder)
     scene.worldHeight = 2048;
     RecordingSink sink;
     scene.drawFrame(sink);
-    EXPECT_EQ(sink.events, "bornrn");
+    EXPECT_EQ(sink.events, "bornrne");
     ASSERT_EQ(sink.calls.size(), 2u);
     EXPECT_EQ(sink.calls[0].node, &a);
     EXPECT_EQ(sink.calls[1].node, &b);
@@ -202,7 +202,7 @@ TEST_F(SceneBaseTest, WithoutDebugBoundsAFrameHasNoOutlines)
     scene.debugBounds = false;
     RecordingSink sink;
     scene.drawFrame(sink);
-    EXPECT_EQ(sink.events, "bn");
+    EXPECT_EQ(sink.events, "bne");
 }
 
 TEST_F(SceneBaseTest, AFrameRemembersTheCameraAndUsesTheScenesOwnLists)

@@ -44,10 +44,12 @@ struct DrawCall {
 };
 
 // Records a frame's steps and the traversal's decisions, and passes each leaf on to its own
-// draw. events holds the steps in order: 'b' begin, 'o' world outline, 'n' node, 'r' bounds.
+// draw. events holds the steps in order: 'b' begin, 'o' world outline, 'n' node, 'r' bounds,
+// 'e' end.
 class RecordingSink : public SceneSink {
 public:
     void beginFrame() override { events.push_back('b'); }
+    void endFrame() override { events.push_back('e'); }
     void drawWorldOutline(const SceneState& initial, float worldWidth, float worldHeight) override
     {
         events.push_back('o');
