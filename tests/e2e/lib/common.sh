@@ -4,8 +4,8 @@
 set -euo pipefail
 
 RUN_DIR="${1:?usage: $0 RUN_DIR}"
-# Every time limit is multiplied by KELVANE_TIME_SCALE (1 unless set), which the sanitizer run
-# raises since the game runs several times slower there.
+# Every time limit is multiplied by KELVANE_TIME_SCALE (1 unless set), which the sanitizer
+# build's tests raise since the game runs several times slower there (tests/CMakeLists.txt).
 TIME_SCALE="${KELVANE_TIME_SCALE:-1}"
 # Seconds a released key stays up before the next press, so that at least one of the game's
 # frames (about 40 a second under llvmpipe) sees it up: a press only counts on a frame that
