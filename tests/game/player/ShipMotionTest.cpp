@@ -1,5 +1,7 @@
 #include "player/ShipMotion.h"
 
+#include "math/scalar.h"
+
 #include <gtest/gtest.h>
 #include <cmath>
 
@@ -75,7 +77,7 @@ TEST(ShipMotionTest, DriftGrowsWithSpeedAndSettlesBelowTheLimit)
 TEST(ShipMotionTest, TheGlowPulsesAndDimsWithTheEnergy)
 {
     EXPECT_EQ(topGlowAlpha(350, 350, 0), static_cast<int32_t>(0.9f * 255));
-    const uint32_t peak = static_cast<uint32_t>(3.14159265f / 2 / 0.005f); // sin = 1
+    const uint32_t peak = static_cast<uint32_t>(vorlik::kPi / 2 / 0.005f); // sin = 1
     EXPECT_EQ(topGlowAlpha(350, 350, peak), 254);
     EXPECT_EQ(topGlowAlpha(175, 350, 0), static_cast<int32_t>(0.5f * 0.9f * 255));
     EXPECT_EQ(topGlowAlpha(0, 350, 0), 0);

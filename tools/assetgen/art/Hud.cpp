@@ -66,7 +66,7 @@ Layer glass(std::function<float(V2)> shape) { return {std::move(shape), kGlass, 
 // Angle of q in degrees past fromDeg, in [0, 360).
 float anglePast(V2 q, float fromDeg)
 {
-    float a = std::atan2(q.y, q.x) * 180 / kPi - fromDeg;
+    float a = radiansToDegrees(std::atan2(q.y, q.x)) - fromDeg;
     return std::fmod(a + 720.0f, 360.0f);
 }
 
@@ -80,7 +80,7 @@ float ticks(V2 p, V2 centre, int n, float r0, float r1, float w, float fromDeg =
     float k = std::round(rel / step);
     if (k > n)
         k = rel - spanDeg < 360 - rel ? n : 0;
-    float ta = (fromDeg + k * step) * kPi / 180;
+    float ta = degreesToRadians(fromDeg + k * step);
     V2 dir{std::cos(ta), std::sin(ta)};
     return sdSegment(q, dir * r0, dir * r1, w);
 }
@@ -93,7 +93,7 @@ float arc(V2 p, V2 centre, float r, float halfWidth, float fromDeg, float spanDe
     if (anglePast(q, fromDeg) <= spanDeg)
         return ring;
     auto end = [&](float deg) {
-        V2 d{std::cos(deg * kPi / 180), std::sin(deg * kPi / 180)};
+        V2 d{std::cos(degreesToRadians(deg)), std::sin(degreesToRadians(deg))};
         return sdSegment(q, d * (r - halfWidth), d * (r + halfWidth));
     };
     return std::min(end(fromDeg), end(fromDeg + spanDeg));
@@ -186,7 +186,7 @@ Canvas radarPanel()
     constexpr float kSweepFrom = 230, kSweepSpan = 70;
     auto sweepBeam = [](V2 p) {
         V2 q = p - kRadarCentre;
-        float a = (kSweepFrom + kSweepSpan) * kPi / 180;
+        float a = degreesToRadians(kSweepFrom + kSweepSpan);
         return sdSegment(q, {0, 0}, V2{std::cos(a), std::sin(a)} * (kRadarRadius - 4), 1.0f);
     };
     Canvas panel = paint(512, 512, {{bezel, V3{0.08f, 0.08f, 0.16f}, 0.85f}, {stroke(bezel, 1.5f), kLine, kBloomAlpha, kBloom},

@@ -1,13 +1,13 @@
 #include "audio/Dsp.h"
 
+#include "math/scalar.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace assetgen {
 
 namespace {
-
-constexpr float kPiF = 3.14159265358979f;
 
 float polyBlep(float t, float dt)
 {
@@ -51,7 +51,7 @@ float Envelope::at(float t, float held) const
 
 void Svf::set(float cutoffHz, float resonance)
 {
-    g_ = std::tan(kPiF * std::min(cutoffHz, kSampleRate * 0.45f) / kSampleRate);
+    g_ = std::tan(vorlik::kPi * std::min(cutoffHz, kSampleRate * 0.45f) / kSampleRate);
     k_ = 2 - 2 * resonance;
     a1_ = 1 / (1 + g_ * (g_ + k_));
 }

@@ -11,7 +11,7 @@ namespace assetgen {
 
 namespace {
 
-constexpr float kTwoPi = 6.28318530718f;
+constexpr float kTwoPi = 2 * kPi;
 constexpr long kBarSamples = static_cast<long>(kBeatSamples) * kBeatsPerBar;
 constexpr float kBeatSeconds = static_cast<float>(kBeatSamples) / kSampleRate;
 constexpr long kDelaySamples = kBeatSamples * 3 / 4;  // a dotted eighth

@@ -2,6 +2,8 @@
 // Plain value types with the usual operators; normalising a zero vector returns zero.
 #pragma once
 
+#include "math/scalar.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -45,6 +47,8 @@ inline float smoothstep(float e0, float e1, float v)
     float t = clamp01((v - e0) / (e1 - e0));
     return t * t * (3 - 2 * t);
 }
-constexpr float kPi = 3.14159265358979f;
+using vorlik::degreesToRadians;
+using vorlik::kPi;
+using vorlik::radiansToDegrees;
 
 } // namespace assetgen

@@ -44,7 +44,7 @@ void Compositor::draw(const Picture& pic, const Quad& q)
 {
     if (pic.width == 0 || q.width <= 0 || q.height <= 0)
         return;
-    float a = q.angleDeg * kPi / 180;
+    float a = degreesToRadians(q.angleDeg);
     float c = std::cos(a), s = std::sin(a);
     float reach = 0.5f * std::sqrt(q.width * q.width + q.height * q.height) + 1;
     int x0 = std::max(0, static_cast<int>(q.cx - reach)), x1 = std::min(w_ - 1, static_cast<int>(q.cx + reach));

@@ -88,7 +88,7 @@ void drawLaser(Compositor& out, const AssetSink& sink, const Picture& end, V2 fr
     q.cy = (from.y + to.y) / 2;
     q.width = len;
     q.height = 2 * width;
-    q.angleDeg = std::atan2(d.y, d.x) * 180 / kPi;
+    q.angleDeg = radiansToDegrees(std::atan2(d.y, d.x));
     q.u1 = 10;
     q.tint = kLaser;
     q.alpha = kLaserAlpha;

@@ -11,13 +11,13 @@ namespace {
 
 V3 rotateX(V3 v, float deg)
 {
-    float a = deg * kPi / 180, c = std::cos(a), s = std::sin(a);
+    float a = degreesToRadians(deg), c = std::cos(a), s = std::sin(a);
     return {v.x, c * v.y - s * v.z, s * v.y + c * v.z};
 }
 
 V3 rotateZ(V3 v, float deg)
 {
-    float a = deg * kPi / 180, c = std::cos(a), s = std::sin(a);
+    float a = degreesToRadians(deg), c = std::cos(a), s = std::sin(a);
     return {c * v.x - s * v.y, s * v.x + c * v.y, v.z};
 }
 
@@ -29,7 +29,7 @@ void renderSky(Compositor& out, int x0, int y0, int w, int h, const Picture* con
     V3 f = normalize(cam.forward);
     V3 r = normalize(cross(f, cam.up));
     V3 u = cross(r, f);
-    float k = std::tan(cam.fovDeg * kPi / 360);
+    float k = std::tan(degreesToRadians(cam.fovDeg) / 2);
     auto rows = [&](int from, int to) {
         for (int y = from; y < to; ++y)
             for (int x = 0; x < w; ++x) {
