@@ -5,6 +5,8 @@
 
 #include "GameScenesTest.h"
 #include "app/Runlevel.h"
+#include "app/TitleScreen.h"
+#include "hud/ScoreCounter.h"
 #include "platform/Vorlik.h"
 #include "player/Player.h"
 #include "scene/Fader.h"
@@ -133,6 +135,29 @@ TEST_F(MainLoopKeys, EnteringTheGameCreatesAndStartsTheSession)
     EXPECT_EQ(g_game->player->position, vorlik::vec2(2048, 2048));
     EXPECT_EQ(g_world->first, g_game->starfield);
     EXPECT_EQ(g_game->friends.count, 1u);
+}
+
+TEST_F(MainLoopKeys, EnteringTheGameTearsTheTitleDownBeforeTheSessionFillsTheHud)
+{
+    loop.title = new TitleScreen();
+    EXPECT_EQ(g_hud->count, 13u);
+    tap(SDLK_RETURN);
+    finishFade();
+    EXPECT_EQ(loop.title, nullptr);
+    ASSERT_NE(g_game, nullptr);
+    EXPECT_EQ(g_hud->count, 6u); // three panels, the reticle, the energy line and the score
+    EXPECT_EQ(g_hud->last, g_game->scoreCounter->drawable);
+}
+
+TEST_F(MainLoopKeys, APassInTheGameAdvancesTheSession)
+{
+    tap(SDLK_RETURN);
+    finishFade();
+    ASSERT_EQ(runlevel, RUNLEVEL_GAME);
+    loop.pass();
+    // The session's frame moved the camera from the scene's first place onto the ship.
+    EXPECT_EQ(g_world->camera.x, g_game->player->position.x);
+    EXPECT_EQ(g_world->camera.y, g_game->player->position.y);
 }
 
 TEST_F(MainLoopKeys, ReturnAndEscapeInOneFrameStartTheGameAndIgnoreEscape)

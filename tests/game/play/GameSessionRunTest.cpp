@@ -9,6 +9,7 @@
 #include "platform/Vorlik.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
+#include "hud/Reticle.h"
 #include "hud/ScoreCounter.h"
 #include "player/Player.h"
 #include "player/TextIndicator.h"
@@ -276,6 +277,38 @@ TEST_F(GameSessionRun, AWaveStartPutsThePlayersGunsOnTopOfTheWorldsDrawOrder)
     EXPECT_EQ(g_world->last, static_cast<Drawable*>(player->laser));
     EXPECT_EQ(g_world->last->prev, static_cast<Drawable*>(player->plasma));
     EXPECT_NE(player->drawable->next, static_cast<Drawable*>(player->plasma)); // the ship stays below
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(GameSessionRun, TheFirstWaveStartsFiveSecondsAfterStartEvenWithNoEnemy)
+{
+    while (now() + kFrameMs <= kStart + 5000) frame();
+    Vorlik::currentTime = kStart + 5000 - kFrameMs;
+    frame(); // exactly 5000 ms: not yet
+    EXPECT_EQ(g_game->wave, 0);
+    Vorlik::currentTime = kStart + 5001 - kFrameMs;
+    frame();
+    EXPECT_EQ(g_game->wave, 1);
+    EXPECT_FLOAT_EQ(g_game->nextWaveTime, kStart + 5001 + 90000.0f);
+    EXPECT_EQ(newestNotice(" incoming"), "Wave 1 incoming");
+}
+
+TEST_F(GameSessionRun, TheReticleFollowsTheMouseWhileTheShipIsDeadOrGrowingIn)
+{
+    player->die();
+    input->mouseAt(100, 200);
+    frame();
+    EXPECT_EQ(g_game->reticle->position.x, 100);
+    EXPECT_EQ(g_game->reticle->position.y, 200);
+    player->respawn();
+    input->mouseAt(700, 50);
+    frame();
+    EXPECT_GT(player->fadeEnd, static_cast<float>(now()));
+    EXPECT_EQ(g_game->reticle->position.x, 700);
+    EXPECT_EQ(g_game->reticle->position.y, 50);
 }
 
 } // namespace
