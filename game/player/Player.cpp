@@ -97,9 +97,9 @@ Player::Player()
       laser(new Laser()),
       shipGroup(new Group()),
       hullBottom(layer(Resources::player_bot_tex, kHullSize)),
-      glowBottom(layer(Resources::player_bot_glow_tex, kBottomGlowSize)),
       hullMiddle(layer(Resources::player_mid_tex, kHullSize)),
       hullTop(layer(Resources::player_top_tex, kHullSize)),
+      glowBottom(layer(Resources::player_bot_glow_tex, kBottomGlowSize)),
       glowTop(layer(Resources::player_top_glow_tex, kTopGlowSize)),
       energyText(new Text(Resources::font_big, "")),
       driftLimit(vec2(500.0f, 500.0f).length())

@@ -34,11 +34,11 @@ public:
     ParticleEmitter* exhaustEmitter;  // the exhaust's one emitter
     Plasma* plasma;                   // left button
     Laser* laser;                     // right button
-    Group* shipGroup;                 // the drawable: the five sprites below, in this order
+    Group* shipGroup;                 // the drawable: hullBottom, glowBottom, hullMiddle, hullTop, glowTop
     Sprite* hullBottom;               // 64 x 64, turns backwards
-    Sprite* glowBottom;               // 60 x 60, additive, turns with hullBottom
     Sprite* hullMiddle;               // 64 x 64, turns slowly forwards
     Sprite* hullTop;                  // 64 x 64
+    Sprite* glowBottom;               // 60 x 60, additive, turns with hullBottom
     Sprite* glowTop;                  // 72 x 72, additive
     Text* energyText;                 // "Energy: " and the energy, top left of the HUD
 

@@ -229,6 +229,18 @@ TEST_F(PlayerTest, DamageDuringTheSecondAfterARespawnIsIgnored)
     EXPECT_FALSE(player->damage(1000));
 }
 
+TEST_F(PlayerTest, ADeathBurstsSevenHundredSixtyEightParticlesDrawnOverTheWreck)
+{
+    g_world->add(player->drawable);
+    g_world->add(g_game->explosionSlice);
+    g_world->add(player->plasma); // something drawn after the slice before the death
+    player->die();
+    EXPECT_EQ(g_game->explosionSlice->count, 256u + 512u);
+    EXPECT_EQ(g_world->last, static_cast<Drawable*>(g_game->explosionSlice));
+    EXPECT_EQ(player->scale, 0.0f);
+    EXPECT_EQ(player->velocity, vec2(0, 0));
+}
+
 TEST_F(PlayerTest, TheLastDeathTakesTheShipOutOfTheGame)
 {
     g_game->lives = 0;
