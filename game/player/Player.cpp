@@ -223,10 +223,9 @@ void Player::control()
     const vorlik::vec3 at(position.x, position.y, 0.0f);
     plasma->position = at;
     laser->position = at;
-    const vec2 mouse = g_world != nullptr
-                           ? g_world->windowToWorld(static_cast<float>(Vorlik::mouseX()), static_cast<float>(Vorlik::mouseY()))
-                           : vec2(static_cast<float>(Vorlik::mouseX()), static_cast<float>(Vorlik::mouseY()));
-    const vec2 aim = mouse - position;
+    // The guns aim through the world camera as it was drawn, like the laser's own aim.
+    const vec2 aim =
+        g_world->windowToWorld(static_cast<float>(Vorlik::mouseX()), static_cast<float>(Vorlik::mouseY())) - position;
     if (Vorlik::mouseDown(kPlasmaButton) && energy > plasma->power) energy -= plasma->fire(aim);
     if (Vorlik::mouseDown(kLaserButton) && energy > laser->power) energy -= laser->fire(aim);
 }
