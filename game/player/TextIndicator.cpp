@@ -5,13 +5,15 @@
 #include "play/ActorLists.h"
 #include "play/GameSession.h"
 #include "scene/DirectScene2D.h"
+#include "scene/Scene2D.h"
 #include "scene/Text.h"
 
 using vorlik::Vorlik;
 
 namespace {
 constexpr float kNoticeHeight = 16.0f; // pixels per character
-constexpr float kNoticeScale = 1.5f;
+constexpr float kNoticeScale = 1.5f;     // the HUD's notices, half as large again
+constexpr float kWorldNoticeScale = 1.0f;
 constexpr float kNoticeY = 0.4f;       // of the window height, from the top
 constexpr float kWhite[4] = {1.0f, 1.0f, 1.0f, 1.0f};
 } // namespace
@@ -32,14 +34,26 @@ TextIndicator::TextIndicator(vorlik::Font* font, const char* message, float font
 
 TextIndicator* TextIndicator::hudNotice(const char* message)
 {
-    auto* notice = new TextIndicator(Resources::font_medium, message, kNoticeHeight, kWhite, ANCHOR_CENTRE);
-    notice->scale = kNoticeScale;
-    notice->position = vorlik::vec2(Vorlik::getWidth() * 0.5f, Vorlik::getHeight() * kNoticeY);
+    const vorlik::vec2 at(Vorlik::getWidth() * 0.5f, Vorlik::getHeight() * kNoticeY);
+    return notice(message, kWhite, kNoticeScale, at, g_hud);
+}
+
+TextIndicator* TextIndicator::worldNotice(const char* message, const float rgba[4], const vorlik::vec2& at)
+{
+    return notice(message, rgba, kWorldNoticeScale, at, g_world);
+}
+
+TextIndicator* TextIndicator::notice(const char* message, const float rgba[4], float scale,
+                                     const vorlik::vec2& at, Container* scene)
+{
+    auto* notice = new TextIndicator(Resources::font_medium, message, kNoticeHeight, rgba, ANCHOR_CENTRE);
+    notice->scale = scale;
+    notice->position = at;
     // The text is in the scene before the indicator's first update; it is placed now so that it
-    // is not drawn for a frame at the HUD's corner.
+    // is not drawn for a frame at the scene's origin.
     notice->Actor::update();
     if (g_game != nullptr) g_game->actors.push(notice);
-    if (g_hud != nullptr) g_hud->add(notice->text);
+    if (scene != nullptr) scene->add(notice->text);
     return notice;
 }
 

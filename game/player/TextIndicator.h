@@ -4,11 +4,13 @@
 // session's actors; from then on it runs and ends on its own.
 #pragma once
 
+#include "math/vec2.h"
 #include "play/Actor.h"
 #include "scene/Drawable.h"
 
 #include <cstdint>
 
+class Container;
 class Text;
 
 namespace vorlik {
@@ -32,6 +34,10 @@ public:
     // large again, centred at two fifths of the window's height on g_hud, born now and
     // appended to g_game's actors.
     static TextIndicator* hudNotice(const char* message);
+    // A message that floats in the world (a powerup's effect, a wreck's score): 16 pixels
+    // high, in the given colour, centred on at, at the actor's own scale of 1, in g_world,
+    // born now and appended to g_game's actors.
+    static TextIndicator* worldNotice(const char* message, const float rgba[4], const vorlik::vec2& at);
 
     // Leaves the session's actors and deletes the text, which leaves its scene.
     ~TextIndicator() override;
@@ -39,4 +45,10 @@ public:
     // Rises, fades linearly from alpha 1 to 0 over its life, wraps and moves its text; deletes
     // itself on the first update after its life is over.
     void update() override;
+
+private:
+    // A centred 16-pixel message at the given actor scale and place, shown in scene (if there
+    // is one) and appended to g_game's actors (if there is a session).
+    static TextIndicator* notice(const char* message, const float rgba[4], float scale,
+                                 const vorlik::vec2& at, Container* scene);
 };
