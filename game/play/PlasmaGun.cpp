@@ -1,4 +1,4 @@
-#include "play/Plasma.h"
+#include "play/PlasmaGun.h"
 
 #include "base/GameRandom.h"
 #include "base/Resources.h"
@@ -6,6 +6,7 @@
 #include "platform/Vorlik.h"
 #include "play/Enemy.h"
 #include "play/WorldGeometry.h"
+#include "player/Friend.h"
 #include "scene/ParticleSlice.h"
 #include "scene/ParticleSystem.h"
 
@@ -41,73 +42,84 @@ vorlik::vec2 nearestImage(const vorlik::vec2& ship, const vorlik::vec2& point)
 
 } // namespace
 
-Plasma::Plasma() : Weapon(KIND_PLASMA), texture(Resources::plasmabullet_tex)
+template <typename Side>
+PlasmaGun<Side>::PlasmaGun()
+    : Side(kPlasmaTeams[Side::kTeam].kind), texture(Resources::plasmabullet_tex),
+      shotRadius(kPlasmaTeams[Side::kTeam].shotRadius)
 {
+    for (int i = 0; i < 4; ++i) colour[i] = kPlasmaTeams[Side::kTeam].colour[i];
     for (uint32_t i = 0; i < kInitialSlots; ++i) {
         shots.push(Vertex{});
-        sparks.push(newSparkSlice());
+        sparks.push(this->newSparkSlice());
     }
 }
 
-Plasma::~Plasma()
+template <typename Side>
+PlasmaGun<Side>::~PlasmaGun()
 {
     for (ParticleSlice* slice : sparks) delete slice;
 }
 
-float Plasma::fire(const vorlik::vec2& direction)
+template <typename Side>
+float PlasmaGun<Side>::fire(const vorlik::vec2& direction)
 {
-    const float paid = Weapon::fire(direction);
+    const float paid = Side::fire(direction);
     if (paid == 0.0f) return 0.0f;
     const uint32_t now = vorlik::Vorlik::currentTime;
     Vertex& bolt = shots[takeFreeSlot(now)];
     bolt.velocity = direction.normalized() * speed;
-    bolt.position = origin();
+    bolt.position = this->origin();
     bolt.born = now;
     bolt.dies = now + lifetime;
     return paid;
 }
 
-void Plasma::update()
+template <typename Side>
+void PlasmaGun<Side>::update()
 {
+    using Target = typename Side::Target;
     const uint32_t now = vorlik::Vorlik::currentTime;
     for (uint32_t i = 0; i < shots.count; ++i) {
         Vertex& bolt = shots[i];
         if (bolt.dies <= now) continue;
         const vorlik::vec2 step = bolt.velocity * vorlik::Vorlik::sync;
-        const hit_struct hit = collide(bolt.position, bolt.position + step, i, shotRadius);
+        const hit_struct hit = this->collide(bolt.position, bolt.position + step, i, shotRadius);
         if (hit.target != nullptr) {
             bolt.born = bolt.dies = 0;
-            Enemy* target = static_cast<Enemy*>(hit.target); // collide only finds enemies
-            // A killing hit makes no sparks: the ship's own explosion covers it, and the ship
+            Target* target = static_cast<Target*>(hit.target); // collide only finds the side's targets
+            // A killing hit makes no sparks: the ship's own explosion covers it, and an enemy
             // is gone.
-            if (target->damage(g_rand.range(damageMin, damageMax))) sparkBurst(i, *target, hit.point);
+            if (target->damage(g_rand.range(this->damageMin, this->damageMax))) sparkBurst(i, *target, hit.point);
         }
         // A freed slot moves on too; it is not drawn any more.
         bolt.position += step;
     }
 }
 
-void Plasma::drawShots(const SceneState& state, QuadSink& sink) const
+template <typename Side>
+void PlasmaGun<Side>::drawShots(const SceneState& state, Gun::QuadSink& sink) const
 {
     const uint32_t now = vorlik::Vorlik::currentTime;
-    vorlik::Stack<QuadVertex>& list = quadList();
+    vorlik::Stack<Gun::QuadVertex>& list = Gun::quadList();
     list.clear();
     for (const Vertex& bolt : shots)
-        if (bolt.dies > now) append(list, boltQuad(bolt, now));
-    sendToViews(state, texture, list, passes, sink);
+        if (bolt.dies > now) Gun::append(list, boltQuad(bolt, now));
+    Gun::sendToViews(state, texture, list, passes, sink);
 }
 
-Weapon::Quad Plasma::boltQuad(const Vertex& bolt, uint32_t now) const
+template <typename Side>
+Gun::Quad PlasmaGun<Side>::boltQuad(const Vertex& bolt, uint32_t now) const
 {
     // The age is a fraction in floating point: whole-number division would keep it at 0 and
     // the bolt would never fade.
     const float age = static_cast<float>(now - bolt.born) / static_cast<float>(lifetime);
     const uint8_t faded[4] = {colour[0], colour[1], colour[2],
                               static_cast<uint8_t>(kFullByte - age * kFullByte)};
-    return square(bolt.position, shotRadius, faded);
+    return Gun::square(bolt.position, shotRadius, faded);
 }
 
-uint32_t Plasma::takeFreeSlot(uint32_t now)
+template <typename Side>
+uint32_t PlasmaGun<Side>::takeFreeSlot(uint32_t now)
 {
     const uint32_t start = ringIndex;
     while (shots[ringIndex].dies > now) {
@@ -117,15 +129,17 @@ uint32_t Plasma::takeFreeSlot(uint32_t now)
     return ringIndex;
 }
 
-void Plasma::grow()
+template <typename Side>
+void PlasmaGun<Side>::grow()
 {
     const uint32_t slots = shots.count;
-    for (uint32_t i = 0; i < slots; ++i) sparks.push(newSparkSlice());
+    for (uint32_t i = 0; i < slots; ++i) sparks.push(this->newSparkSlice());
     shots.reserve(2 * slots);
     for (uint32_t i = 0; i < slots; ++i) shots.push(Vertex{});
 }
 
-void Plasma::sparkBurst(uint32_t slot, const Enemy& target, const vorlik::vec2& point)
+template <typename Side>
+void PlasmaGun<Side>::sparkBurst(uint32_t slot, const Actor& target, const vorlik::vec2& point)
 {
     ParticleSlice* slice = sparks[slot];
     // Drawn just above the ship that was hit.
@@ -135,7 +149,13 @@ void Plasma::sparkBurst(uint32_t slot, const Enemy& target, const vorlik::vec2& 
     // size away from the ship's own position: the centre is taken from that same image, so
     // sparks of a hit across the seam fly outward too instead of back over the seam.
     const vorlik::vec2 outward = point - nearestImage(target.position, point);
-    sparkSystem->emit(slice, kSparkCount, kSparkLifeMin, kSparkLifeMax, point, outward, kSparkColourA,
-                      kSparkColourB, kSparkScatter, kSparkSizeStartMin, kSparkSizeStartMax, kSparkSizeEndMin,
-                      kSparkSizeEndMax, kSparkTravelMin, kSparkTravelMax, kSparkSpread);
+    this->sparkSystem->emit(slice, kSparkCount, kSparkLifeMin, kSparkLifeMax, point, outward, kSparkColourA,
+                            kSparkColourB, kSparkScatter, kSparkSizeStartMin, kSparkSizeStartMax, kSparkSizeEndMin,
+                            kSparkSizeEndMax, kSparkTravelMin, kSparkTravelMax, kSparkSpread);
 }
+
+template class PlasmaGun<Weapon>;
+template class PlasmaGun<EnemyWeapon>;
+
+static_assert(std::is_trivially_copyable<PlasmaGun<Weapon>::Vertex>::value, "kept in a Stack, copied bytewise");
+static_assert(std::is_trivially_copyable<PlasmaGun<EnemyWeapon>::Vertex>::value, "kept in a Stack, copied bytewise");
