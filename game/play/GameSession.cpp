@@ -12,8 +12,10 @@
 #include "hud/Reticle.h"
 #include "hud/ScoreCounter.h"
 #include "play/Enemy.h"
+#include "play/EnemyTypes.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
+#include "play/WaveTable.h"
 #include "play/WorldGeometry.h"
 #include "player/Player.h"
 #include "player/TextIndicator.h"
@@ -183,12 +185,27 @@ void GameSession::startWave()
     fireFactor = grow(fireFactor, kFirePerWave);
     toughness = grow(toughness, kToughnessPerWave);
 
+    spawnBatches();
+
     if (g_world == nullptr) return;
     for (Enemy* enemy : enemies)
         if (enemy->drawable != nullptr) g_world->add(enemy->drawable);
     if (player != nullptr) {
         g_world->add(player->plasma);
         g_world->add(player->laser);
+    }
+}
+
+void GameSession::spawnBatches()
+{
+    for (const WaveBatch& batch : kWaveBatches) {
+        // The rows are in order of their first waves: one still to come ends the spawning.
+        if (wave < batch.firstWave) break;
+        for (int32_t n = batchSize(batch, wave); n > 0; --n) {
+            EnemyShip* ship = makeEnemy(batch.kind);
+            enemies.push(ship);
+            actors.push(ship);
+        }
     }
 }
 

@@ -87,10 +87,14 @@ public:
     GameSession& operator=(const GameSession&) = delete;
 
     // Begins the next wave: its timer (now + 10 x old wave + 90000 ms), the number, the
-    // "Wave N incoming" announcement on the HUD and the difficulty factors; then every enemy,
+    // "Wave N incoming" announcement on the HUD, the difficulty factors and the wave's ships
+    // (WaveTable.h), which join the ships left from earlier waves; then every enemy,
     // and after them the player's guns, move to the top of the world's draw order (the ship
     // itself stays where it is, under the enemies).
     void startWave();
+    // The new wave's batches, type by type in table order, at the current toughness; each
+    // ship is spawned and appended to enemies and actors.
+    void spawnBatches();
     // Blows up every enemy that has a wrap image closer than radius to centre. The walk moves
     // on before each explosion, so the enemy that the removal moves into the freed slot is
     // skipped and escapes this blast.

@@ -6,6 +6,7 @@
 #include "math/scalar.h"
 #include "platform/Vorlik.h"
 #include "play/ActorLists.h"
+#include "play/Explosion.h"
 #include "play/GameSession.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
@@ -46,19 +47,8 @@ constexpr uint8_t kLaserColour[4] = {76, 76, 255, 224};
 constexpr int kKeyUp = 'w', kKeyDown = 's', kKeyLeft = 'a', kKeyRight = 'd';
 constexpr int kPlasmaButton = 1, kLaserButton = 3;
 
-// One of the two explosion bursts of a dying ship.
-struct Burst {
-    uint32_t count;
-    int32_t firstTime[2];   // ms, drawn from [lo, hi)
-    int32_t secondTime[2];
-    vorlik::vec4 colorA, colorB;
-    float sizeFactor;       // of the ship's radius: how far the start points scatter
-};
-constexpr float kBurstSizeStart[2] = {26.0f, 40.0f};
-constexpr float kBurstSizeEnd[2] = {0.0f, 8.0f};
-constexpr float kBurstSpeedFactor[2] = {9.0f, 12.0f}; // of the radius: distance over a life
-constexpr float kBurstSpread = 360.0f;                // degrees
-const Burst kBursts[2] = {
+// The two explosion bursts of a dying ship: a blue flash, then a long fire.
+const ExplosionBurst kBursts[2] = {
     {256, {1233, 1654}, {2899, 3124}, {0.1f, 0.1f, 0.7f, 0.87f}, {0.2f, 0.1f, 0.9f, 1.0f}, 1.43f},
     {512, {500, 599}, {5622, 6233}, {0.6f, 0.2f, 0.05f, 1.0f}, {0.9f, 0.3f, 0.1f, 1.0f}, 1.22f},
 };
@@ -244,17 +234,8 @@ void Player::die()
 {
     const float now = static_cast<float>(Vorlik::currentTime);
     hull = 0.0f;
-    for (const Burst& b : kBursts) {
-        // Draws in the order speed, second time, first time, as for every ship's explosion.
-        const float speed = g_rand.range(radius * kBurstSpeedFactor[0], radius * kBurstSpeedFactor[1]);
-        const int32_t second = g_rand.range(b.secondTime[0], b.secondTime[1]);
-        const int32_t first = g_rand.range(b.firstTime[0], b.firstTime[1]);
-        if (g_game != nullptr)
-            g_game->explosionParticles->emit(g_game->explosionSlice, b.count, first, second, position, vec2(0.0f, 0.0f),
-                                             b.colorA, b.colorB, radius * b.sizeFactor, kBurstSizeStart[0],
-                                             kBurstSizeStart[1], kBurstSizeEnd[0], kBurstSizeEnd[1], 0.0f, speed,
-                                             kBurstSpread);
-    }
+    if (g_game != nullptr)
+        for (const ExplosionBurst& burst : kBursts) emitExplosion(burst, position, radius);
     // Drawn again last, so the bursts cover the wreck.
     if (g_world != nullptr && g_game != nullptr) g_world->add(g_game->explosionSlice);
 

@@ -1,12 +1,16 @@
 // Two simulated minutes of a game, frame by frame through GameSession::frame, with the clock and
 // the input snapshot scripted by the test: the ship's energy, its flight across all four edges
 // of the world, the camera and the stars that follow it, and four ships lost until the game is
-// over. Nothing is drawn; the scenes exist because the session builds into them.
+// over. The waves' ships are there but disarmed (blind, gunless, dropping nothing), so that the
+// ship's deaths and energy are the test's own. Nothing is drawn; the scenes exist because the
+// session builds into them.
 #include "play/GameSession.h"
 
 #include "GameScenesTest.h"
 #include "math/scalar.h"
 #include "platform/Vorlik.h"
+#include "play/Enemy.h"
+#include "play/EnemyPlasma.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
 #include "hud/Reticle.h"
@@ -59,6 +63,7 @@ protected:
         Vorlik::currentTime += kFrameMs;
         Vorlik::sync = kSync;
         g_game->frame();
+        disarmEnemies();
         ++frames;
 
         const vec2 lead = player->position + player->drift * 0.3f;
@@ -83,13 +88,21 @@ protected:
             ASSERT_LT(std::fabs(d.y), 200.0f) << "a seam crossing moved the stars by a world";
         }
     }
+    // Every ship of the waves wanders without seeing, shooting or dropping anything.
+    static void disarmEnemies()
+    {
+        for (Enemy* enemy : g_game->enemies) {
+            enemy->sightRange = 0.0f;
+            enemy->gun->fireRate = 0.0f;
+            enemy->dropChance = 0.0f;
+        }
+    }
     void run(uint32_t ms)
     {
         for (uint32_t t = 0; t < ms; t += kFrameMs) frame();
     }
     uint32_t now() const { return Vorlik::currentTime; }
-    // The newest notice whose text ends with ending. With no enemy to fight, a wave starts
-    // every frame once the first has begun, so wave announcements come and go all the time.
+    // The newest notice whose text ends with ending.
     std::string newestNotice(const std::string& ending) const
     {
         for (uint32_t i = g_game->actors.count; i-- > 0;) {

@@ -36,9 +36,12 @@ protected:
         g_rand.seed(kStaticRandomSeed); // the starfield and the shake drew from it
     }
 
+    // The newest text indicator among the actors; the wave's ships are listed after it.
     const char* lastAnnouncement() const
     {
-        return static_cast<TextIndicator*>(session.actors[session.actors.count - 1])->text->text.data;
+        for (uint32_t i = session.actors.count; i-- > 0;)
+            if (auto* notice = dynamic_cast<TextIndicator*>(session.actors[i])) return notice->text->text.data;
+        return "";
     }
 
     GameSession& session = *new GameSession;
@@ -69,7 +72,7 @@ TEST_F(GameSessionTest, TheTenthAnnouncementReadsWaveTenIncoming)
 {
     for (int i = 0; i < 10; ++i) session.startWave();
     EXPECT_STREQ(lastAnnouncement(), "Wave 10 incoming");
-    EXPECT_EQ(session.actors.count, 10u);
+    EXPECT_EQ(session.actors.count, 10u + session.enemies.count);
 }
 
 TEST_F(GameSessionTest, TheAnnouncementIsCentredOnTheHudAtTwoFifthsOfTheHeightAndOneAndAHalfTimesLarge)
