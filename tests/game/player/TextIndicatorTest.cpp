@@ -1,5 +1,9 @@
 #include "player/TextIndicator.h"
 
+#include "GameScenesTest.h"
+#include "base/Resources.h"
+#include "graphics/Font.h"
+#include "graphics/Image.h"
 #include "platform/Vorlik.h"
 #include "play/GameSession.h"
 #include "scene/Text.h"
@@ -103,6 +107,76 @@ TEST_F(TextIndicatorTest, TheAnchorIsMeasuredFromTheFinalTextAndHeight)
     TextIndicator indicator(nullptr, "abc", 20.0f, kWhite, ANCHOR_TOP_LEFT);
     EXPECT_EQ(indicator.text->size.y, 20.0f);
     EXPECT_EQ(indicator.text->anchor.y, 10.0f);
+}
+
+// The real scenes, a session, and a medium font of a known size (a 16 x 16 grid of 32-pixel
+// cells), so that the notices' place, scene and size can be read.
+class NoticeTest : public GameScenesTest {
+protected:
+    void SetUp() override
+    {
+        GameScenesTest::SetUp();
+        if (IsSkipped()) return;
+        Vorlik::currentTime = 20000;
+        g_game = new GameSession();
+        font = new vorlik::Font(new vorlik::Image(512, 512));
+        savedFont = Resources::font_medium;
+        Resources::font_medium = font;
+    }
+    void TearDown() override
+    {
+        if (IsSkipped()) return;
+        Resources::font_medium = savedFont;
+        GameScenesTest::TearDown(); // the session deletes the notices, then the font may go
+        delete font;
+    }
+
+    vorlik::Font* font = nullptr;
+    vorlik::Font* savedFont = nullptr;
+};
+
+constexpr float kGreen[4] = {0.1f, 1.0f, 0.15f, 1.0f};
+
+TEST_F(NoticeTest, AWorldNoticeFloatsInTheWorldAtItsPlaceCentredAtItsOwnSize)
+{
+    TextIndicator* notice = TextIndicator::worldNotice("Energy restored", kGreen, vorlik::vec2(300, 465));
+    Text* text = notice->text;
+    EXPECT_EQ(text->parent, static_cast<Container*>(g_world));
+    EXPECT_EQ(g_hud->count, 0u);
+    ASSERT_EQ(g_game->actors.count, 1u);
+    EXPECT_EQ(g_game->actors[0], notice);
+    EXPECT_STREQ(text->text.data, "Energy restored");
+    EXPECT_EQ(text->font, font);
+    EXPECT_EQ(text->fontHeight, 16.0f);
+    EXPECT_EQ(text->size.y, 16.0f);
+    EXPECT_EQ(text->anchor, vorlik::vec3(0, 0, 0)); // centred, though the text is wide
+    EXPECT_GT(text->size.x, 100.0f);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(text->color[i], kGreen[i]) << i;
+    EXPECT_EQ(notice->scale, 1.0f);
+    EXPECT_EQ(notice->startTime, 20000u);
+    // Placed before its first update, so the first drawn frame already shows it there.
+    EXPECT_EQ(notice->position, vorlik::vec2(300, 465));
+    EXPECT_EQ(text->position, vorlik::vec3(300, 465, 0));
+    EXPECT_EQ(text->scale, 1.0f);
+}
+
+TEST_F(NoticeTest, AWorldNoticeOutsideTheWorldIsWrappedIntoItBeforeItIsDrawn)
+{
+    TextIndicator* notice = TextIndicator::worldNotice("Speed boost", kGreen, vorlik::vec2(100, -20));
+    EXPECT_EQ(notice->text->position, vorlik::vec3(100, 4096 - 20, 0));
+}
+
+TEST_F(NoticeTest, AHudNoticeIsWhiteAndHalfAsLargeAgainOnTheHud)
+{
+    TextIndicator* notice = TextIndicator::hudNotice("Wave 2 incoming");
+    EXPECT_EQ(notice->text->parent, static_cast<Container*>(g_hud));
+    EXPECT_EQ(g_world->count, 0u);
+    EXPECT_EQ(notice->scale, 1.5f);
+    EXPECT_EQ(notice->text->fontHeight, 16.0f);
+    EXPECT_EQ(notice->text->color[1], 1.0f);
+    EXPECT_EQ(notice->text->color[2], 1.0f);
+    EXPECT_EQ(notice->text->position, vorlik::vec3(640, 288, 0));
+    EXPECT_EQ(g_game->actors[0], notice);
 }
 
 } // namespace
