@@ -173,6 +173,19 @@ TEST_F(EnemyTest, ANewShipFadesInAndGrowsOverThreeQuartersOfASecondAndThenStaysW
     EXPECT_FLOAT_EQ(ship->drawable->scale, 1.0f) << "stays whole after the fade";
 }
 
+TEST_F(EnemyTest, AFadingShipAlreadyMovesAndShoots)
+{
+    friendAt(vec2(1500, 1000));
+    EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(1000, 1000));
+    ship->fadeStart = now();
+    ship->fadeEnd = now() + 750.0f;
+    advance(kFrame);
+    ship->update();
+    EXPECT_LT(ship->drawable->color.a, 255);
+    EXPECT_GT(ship->position.x, 1000.0f);
+    EXPECT_FLOAT_EQ(ship->gun->lastShot, now());
+}
+
 TEST_F(EnemyTest, ANewShipIsPlacedWithItsGunAndGivenARandomWaypoint)
 {
     vorlik::Random replay(kSeed);
