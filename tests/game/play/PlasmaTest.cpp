@@ -25,13 +25,6 @@ protected:
         plasma->position = vec3(x, y, 0);
         plasma->fire(direction);
     }
-    // Every particle of the spark system that a slice holds.
-    uint32_t liveSparks()
-    {
-        uint32_t n = 0;
-        for (uint32_t i = 0; i < sparks().capacity; ++i) n += sparks().particles[i].slice != nullptr ? 1 : 0;
-        return n;
-    }
 
     void SetUp() override
     {

@@ -30,18 +30,6 @@ protected:
         plasma.update();
         vorlik::Vorlik::sync = sync;
     }
-    // count plain particles through the system's default slice, recycling the oldest records.
-    void flood(uint32_t count)
-    {
-        const vorlik::vec4 white(1, 1, 1, 1);
-        sparks().emit(nullptr, count, 1000, 1000, vec2(), vec2(), white, white, 0, 16, 16, 16, 16, 0, 0, 0);
-    }
-    uint32_t recordsHeldBy(const ParticleSlice* slice)
-    {
-        uint32_t n = 0;
-        for (uint32_t i = 0; i < sparks().capacity; ++i) n += sparks().particles[i].slice == slice ? 1 : 0;
-        return n;
-    }
 };
 
 TEST_F(WeaponOwnershipTest, ASparkSliceWhoseSparksTheRingRecyclesStaysWhole)

@@ -1,7 +1,7 @@
-// Test doubles for the guns: a target ship that logs the hits it takes and dies like an enemy
-// (it leaves the session's lists when deleted), a sink that keeps every quad batch a gun sends,
-// view lists with chosen offsets, and a fixture with a session, the engine clock and g_rand
-// set by the test.
+// Test doubles for the guns of both sides: target ships that log the hits they take, one of the
+// enemy side that dies like an enemy and one of the player's side that dies like the player's
+// ship, a sink that keeps every quad batch a gun sends, view lists with chosen offsets, and a
+// fixture with a session, the engine clock and g_rand set by the test.
 #pragma once
 
 #include "base/GameRandom.h"
@@ -9,13 +9,16 @@
 #include "core/Stack.h"
 #include "math/mat2.h"
 #include "math/vec2.h"
+#include "math/vec4.h"
 #include "platform/Vorlik.h"
 #include "play/ActorLists.h"
 #include "play/Enemy.h"
 #include "play/GameSession.h"
-#include "play/Weapon.h"
+#include "play/Gun.h"
+#include "player/Friend.h"
 #include "scene/Drawable.h"
 #include "scene/Group.h"
+#include "scene/Particle.h"
 #include "scene/ParticleSystem.h"
 #include "scene/SceneState.h"
 #include "scene/ViewRect.h"
@@ -67,20 +70,56 @@ public:
     std::vector<float>& hits;
 };
 
+// A round ship of the player's side. Its body is added to the given scene; it lists itself in
+// g_game's friends and actors and takes itself out again when deleted. Every hit is logged in
+// hits, which outlives the ship; a hit that takes hull to 0 or below kills it, and like the
+// player's ship a dead friend leaves the friends (enemies stop shooting at it) but lives on.
+class TargetFriend : public Friend {
+public:
+    TargetFriend(Group& scene, vorlik::vec2 at, float shipRadius, float hullPoints, std::vector<float>& hitLog)
+        : hits(hitLog)
+    {
+        position = at;
+        radius = shipRadius;
+        hull = hullPoints;
+        drawable = &body;
+        scene.add(&body);
+        g_game->friends.push(this);
+        g_game->actors.push(this);
+    }
+    ~TargetFriend() override
+    {
+        removeFromList(g_game->friends, static_cast<Friend*>(this));
+        removeFromList(g_game->actors, static_cast<Actor*>(this));
+    }
+
+    bool damage(float amount) override
+    {
+        hits.push_back(amount);
+        hull -= amount;
+        if (hull > 0.0f) return true;
+        removeFromList(g_game->friends, static_cast<Friend*>(this));
+        return false;
+    }
+
+    Hull body;
+    std::vector<float>& hits;
+};
+
 struct RecordedQuads {
     vorlik::Texture* texture;
-    std::vector<Weapon::QuadVertex> vertices;
+    std::vector<Gun::QuadVertex> vertices;
     vorlik::mat2 modelView;
 };
 
 // Keeps a copy of every batch a gun's drawShots sends, in order.
-class QuadRecorder : public Weapon::QuadSink {
+class QuadRecorder : public Gun::QuadSink {
 public:
-    void drawQuads(vorlik::Texture* texture, const Weapon::QuadVertex* vertices, uint32_t count,
+    void drawQuads(vorlik::Texture* texture, const Gun::QuadVertex* vertices, uint32_t count,
                    const vorlik::mat2& modelView) override
     {
         batches.push_back(
-            RecordedQuads{texture, std::vector<Weapon::QuadVertex>(vertices, vertices + count), modelView});
+            RecordedQuads{texture, std::vector<Gun::QuadVertex>(vertices, vertices + count), modelView});
     }
 
     std::vector<RecordedQuads> batches;
@@ -108,10 +147,10 @@ struct ViewCopies {
     }
 };
 
-// A session in g_game (so the guns find their spark system and the enemies), the clock at
+// A session in g_game (so the guns find their spark system and their targets), the clock at
 // kStart with 10 ms frames, and g_rand seeded with kSeed once the session is made. Guns made
 // by a test must be deleted before TearDown deletes the session. The world group stands in
-// for g_world.
+// for g_world. Ships of either side made by a test are left to the session, which deletes them.
 class WeaponTest : public ::testing::Test {
 public:
     static constexpr uint32_t kStart = 100000; // ms
@@ -149,10 +188,36 @@ protected:
     {
         return new TargetShip(world, at, radius, hitPoints, hits);
     }
+    TargetFriend* friendShip(vorlik::vec2 at, float radius, float hull)
+    {
+        return new TargetFriend(world, at, radius, hull, friendHits);
+    }
     ParticleSystem& sparks() { return *g_game->sparkParticles; }
+    // Every particle of the spark system that a slice holds.
+    uint32_t liveSparks()
+    {
+        uint32_t n = 0;
+        for (uint32_t i = 0; i < sparks().capacity; ++i) n += sparks().particles[i].slice != nullptr ? 1 : 0;
+        return n;
+    }
+    // The spark system's records that name slice as theirs.
+    uint32_t recordsHeldBy(const ParticleSlice* slice)
+    {
+        uint32_t n = 0;
+        for (uint32_t i = 0; i < sparks().capacity; ++i) n += sparks().particles[i].slice == slice ? 1 : 0;
+        return n;
+    }
+    // count plain particles through the spark system's default slice, recycling the oldest records.
+    void flood(uint32_t count)
+    {
+        const vorlik::vec4 white(1, 1, 1, 1);
+        sparks().emit(nullptr, count, 1000, 1000, vorlik::vec2(), vorlik::vec2(), white, white, 0, 16, 16, 16, 16, 0,
+                      0, 0);
+    }
 
     Group world;
-    std::vector<float> hits;
+    std::vector<float> hits;       // by the enemy side's targets
+    std::vector<float> friendHits; // by the player's side's targets
     uint32_t savedTime = 0;
     float savedSync = 0.0f;
 };
