@@ -28,6 +28,15 @@ class PowerupTest : public PowerupFixture {};
 constexpr int kSeeds = 100;
 const vec2 kShipAt(2048, 2048);
 
+// Runs check(seed) once with g_rand seeded by each of 1 to kSeeds.
+template <typename Check> void forEachSeed(Check check)
+{
+    for (int s = 1; s <= kSeeds; ++s) {
+        g_rand.seed(s);
+        check(s);
+    }
+}
+
 // --- The kind ---
 
 TEST_F(PowerupTest, AFirstDrawOf89GivesAnUpgradeAnd90BeginsTheSpecialKinds)
@@ -397,12 +406,11 @@ TEST_F(PowerupEffectTest, EachKindFloatsItsMessageInGreen35AboveTheTokenInTheWor
 TEST_F(PowerupEffectTest, TheUpgradeMessageIsUpgradePlus10203040AndTheAmountGoesToTheReserve)
 {
     std::set<int> seen;
-    for (int s = 1; s <= kSeeds; ++s) {
-        g_rand.seed(s);
+    forEachSeed([&](int s) {
         const int32_t reserveBefore = g_game->reserve;
         const int counterBefore = g_game->reserveCounter->value;
         TextIndicator* message = applyAt(POWERUP_UPGRADE);
-        ASSERT_NE(message, nullptr);
+        ASSERT_NE(message, nullptr) << s;
         const std::string text = message->text->text.data;
         const int gained = g_game->reserve - reserveBefore;
         EXPECT_EQ(text, "Upgrade +" + std::to_string(gained)) << s;
@@ -410,7 +418,7 @@ TEST_F(PowerupEffectTest, TheUpgradeMessageIsUpgradePlus10203040AndTheAmountGoes
         EXPECT_EQ(g_game->reserveCounter->value - counterBefore, gained);
         seen.insert(gained);
         delete message;
-    }
+    });
     EXPECT_EQ(seen, (std::set<int>{10, 20, 30, 40}));
 }
 
@@ -433,8 +441,7 @@ TEST_F(PowerupEffectTest, ShieldRestoredGivesTheMaximumShieldWhichIsNoneOnThePla
 TEST_F(PowerupEffectTest, ExtraScoreAdds500To1400InHundredsToTheScoreCounter)
 {
     std::set<int> seen;
-    for (int s = 1; s <= kSeeds; ++s) {
-        g_rand.seed(s);
+    forEachSeed([&](int) {
         const int before = g_game->scoreCounter->value;
         delete applyAt(POWERUP_EXTRA_SCORE);
         const int gained = g_game->scoreCounter->value - before;
@@ -442,7 +449,7 @@ TEST_F(PowerupEffectTest, ExtraScoreAdds500To1400InHundredsToTheScoreCounter)
         EXPECT_GE(gained, 500);
         EXPECT_LE(gained, 1400);
         seen.insert(gained);
-    }
+    });
     EXPECT_EQ(seen.size(), 10u);
 }
 
@@ -459,8 +466,7 @@ TEST_F(PowerupEffectTest, HullRestoredGivesADamagedShip100AndAFreshShip100Too)
 TEST_F(PowerupEffectTest, SpeedBoostOpensAWindowOf5To9WholeSecondsFromNow)
 {
     std::set<float> seen;
-    for (int s = 1; s <= kSeeds; ++s) {
-        g_rand.seed(s);
+    forEachSeed([&](int) {
         player->boostActive = 0;
         delete applyAt(POWERUP_SPEED_BOOST);
         EXPECT_EQ(player->boostActive, 1);
@@ -469,7 +475,7 @@ TEST_F(PowerupEffectTest, SpeedBoostOpensAWindowOf5To9WholeSecondsFromNow)
         EXPECT_TRUE(length == 5000 || length == 6000 || length == 7000 || length == 8000 || length == 9000)
             << length;
         seen.insert(length);
-    }
+    });
     EXPECT_EQ(seen.size(), 5u);
 }
 
