@@ -1,0 +1,102 @@
+// The game's window and scenes for the benchmarks that run or draw game frames: the window
+// opened once per program in the run directory with every picture and font loaded, as start-up
+// does, and GameScenes, which makes g_world (a 4096 x 4096 world), g_hud and g_fader for one
+// benchmark and deletes the two scenes again after it. Not for tests, which have their own
+// fixtures; needs an X display (Xvfb).
+#pragma once
+
+#include "app/MainLoop.h"
+#include "base/Resources.h"
+#include "platform/Vorlik.h"
+#include "play/WorldGeometry.h"
+#include "scene/DirectScene2D.h"
+#include "scene/Fader.h"
+#include "scene/Scene2D.h"
+
+#include <GL/gl.h>
+#include <SDL.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+namespace bench {
+
+// Loads every picture and font with the loader's progress lines sent to /dev/null, so that
+// they do not break up the results table on standard output.
+inline void loadResourcesQuietly()
+{
+    std::fflush(stdout);
+    const int saved = dup(STDOUT_FILENO);
+    const int sink = open("/dev/null", O_WRONLY);
+    if (saved >= 0 && sink >= 0) dup2(sink, STDOUT_FILENO);
+    loadResources();
+    std::fflush(stdout);
+    if (saved >= 0 && sink >= 0) dup2(saved, STDOUT_FILENO);
+    if (sink >= 0) close(sink);
+    if (saved >= 0) close(saved);
+}
+
+// Opens the game's window (windowed, no vsync) and loads the pictures and fonts, once per
+// program. The shaders and pictures are read by relative path from the run directory, which
+// the build puts beside this program's own directory (<build>/bench/.. /run), so the program
+// moves there first. False without an X display.
+inline bool openGameWindow()
+{
+    using vorlik::Vorlik;
+    if (std::getenv("DISPLAY") == nullptr) return false;
+    if (Vorlik::events != nullptr) return true;
+    std::error_code error;
+    const std::filesystem::path exe = std::filesystem::canonical("/proc/self/exe", error);
+    const std::filesystem::path run = exe.parent_path().parent_path() / "run";
+    if (!error && std::filesystem::exists(run / "gfx") && chdir(run.c_str()) != 0) std::perror("chdir");
+    Vorlik::init(MainLoop::kWindowWidth, MainLoop::kWindowHeight, "GameBench", Vorlik::kWindowed, Vorlik::kVsyncOff);
+    loadResourcesQuietly();
+    return true;
+}
+
+// The two scenes as start-up makes them (window-sized, outlines off) and the program's fader,
+// made for one benchmark; the scenes are deleted again with this object, the fader is kept.
+class GameScenes {
+public:
+    GameScenes()
+    {
+        g_world = new Scene2D(kWindowSized, kWindowSized);
+        g_world->worldWidth = kWorldWidth;
+        g_world->worldHeight = kWorldHeight;
+        g_world->debugBounds = false;
+        g_hud = new DirectScene2D(kWindowSized, kWindowSized);
+        g_hud->debugBounds = false;
+        if (g_fader == nullptr) g_fader = new Fader();
+    }
+    ~GameScenes()
+    {
+        delete g_hud;
+        delete g_world;
+        g_hud = nullptr;
+        g_world = nullptr;
+    }
+    GameScenes(const GameScenes&) = delete;
+    GameScenes& operator=(const GameScenes&) = delete;
+
+    // One frame on screen as the main loop draws it: clear, the world (into its target, then
+    // composited), the HUD, the fader, the swap; then glFinish, so that the time includes the
+    // rasterising. The swap is SDL's own, not Vorlik::endFrame, which would also set the clock
+    // that the benchmarks set themselves.
+    static void drawFrame()
+    {
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+        g_world->render();
+        g_hud->render();
+        g_fader->draw();
+        SDL_GL_SwapBuffers();
+        glFinish();
+    }
+
+private:
+    static constexpr int32_t kWindowSized = -1;
+};
+
+} // namespace bench
