@@ -18,10 +18,7 @@ namespace {
 
 void BM_DrawEmptyFrame(benchmark::State& state)
 {
-    if (!bench::openGameWindow()) {
-        state.SkipWithError("no X display");
-        return;
-    }
+    if (!bench::openGameWindow(state)) return;
     bench::GameScenes scenes;
     for (auto _ : state) bench::GameScenes::drawFrame();
 }
@@ -29,10 +26,7 @@ BENCHMARK(BM_DrawEmptyFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void drawGameFrames(benchmark::State& state, int32_t wave)
 {
-    if (!bench::openGameWindow()) {
-        state.SkipWithError("no X display");
-        return;
-    }
+    if (!bench::openGameWindow(state)) return;
     bench::GameScenes scenes;
     bench::SessionScene scene(wave);
     for (auto _ : state) {

@@ -15,6 +15,7 @@
 
 #include <GL/gl.h>
 #include <SDL.h>
+#include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -42,11 +43,14 @@ inline void loadResourcesQuietly()
 // Opens the game's window (windowed, no vsync) and loads the pictures and fonts, once per
 // program. The shaders and pictures are read by relative path from the run directory, which
 // the build puts beside this program's own directory (<build>/bench/.. /run), so the program
-// moves there first. False without an X display.
-inline bool openGameWindow()
+// moves there first. Without an X display the benchmark is skipped with that error: false.
+inline bool openGameWindow(benchmark::State& state)
 {
     using vorlik::Vorlik;
-    if (std::getenv("DISPLAY") == nullptr) return false;
+    if (std::getenv("DISPLAY") == nullptr) {
+        state.SkipWithError("no X display");
+        return false;
+    }
     if (Vorlik::events != nullptr) return true;
     std::error_code error;
     const std::filesystem::path exe = std::filesystem::canonical("/proc/self/exe", error);

@@ -18,10 +18,7 @@ namespace {
 
 void runFrames(benchmark::State& state, int32_t wave)
 {
-    if (!bench::openGameWindow()) {
-        state.SkipWithError("no X display");
-        return;
-    }
+    if (!bench::openGameWindow(state)) return;
     bench::GameScenes scenes;
     bench::SessionScene scene(wave);
     const uint32_t enemiesBefore = g_game->enemies.count;
