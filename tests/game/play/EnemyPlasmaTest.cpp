@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <set>
 #include <vector>
 
 namespace {
@@ -69,18 +68,7 @@ TEST_F(EnemyPlasmaTest, ANewGunHas16FreeSlotsEachWithItsOwnSparkSliceAndSmallWea
     EnemyPlasma fresh;
     Resources::plasmabullet_tex = saved;
 
-    EXPECT_EQ(fresh.shots.count, 16u);
-    EXPECT_EQ(fresh.shots.capacity, 16u);
-    for (const EnemyPlasma::Vertex& slot : fresh.shots) EXPECT_EQ(slot.dies, 0u);
-    ASSERT_EQ(fresh.sparks.count, 16u);
-    std::set<ParticleSlice*> distinct(fresh.sparks.begin(), fresh.sparks.end());
-    EXPECT_EQ(distinct.size(), 16u);
-    for (ParticleSlice* slice : fresh.sparks) {
-        EXPECT_EQ(slice->system, &sparks());
-        EXPECT_EQ(slice->parent, nullptr);
-        EXPECT_TRUE(slice->removeWhenEmpty);
-        EXPECT_FALSE(slice->deleteWhenEmpty);
-    }
+    expectFreshRing(fresh, 16);
     EXPECT_EQ(fresh.damageMin, 2.0f);
     EXPECT_EQ(fresh.damageMax, 7.0f);
     EXPECT_EQ(fresh.fireRate, 0.7f);
@@ -95,7 +83,6 @@ TEST_F(EnemyPlasmaTest, ANewGunHas16FreeSlotsEachWithItsOwnSparkSliceAndSmallWea
     EXPECT_EQ(fresh.speed, 750.0f);
     EXPECT_EQ(fresh.lifetime, 1500u);
     EXPECT_EQ(fresh.passes, 3u);
-    EXPECT_EQ(fresh.ringIndex, 0u);
     EXPECT_EQ(fresh.texture, reinterpret_cast<vorlik::Texture*>(stand));
     EXPECT_TRUE(fresh.isVisible());
     EXPECT_NE(fresh.flags & DRAW_UNTRANSFORMED, 0u);
@@ -255,53 +242,10 @@ TEST_F(EnemyPlasmaTest, DeletingTheGunWhileBoltsFlyAndSparksLiveTakesThemWithIt)
 
 TEST_F(EnemyPlasmaTest, A17thBoltInFlightDoublesTheRingTo32SlotsAndTheSparkSlicesTo32)
 {
-    for (int i = 0; i < 16; ++i) fireAnyway(100, 200);
-    EXPECT_EQ(gun->shots.count, 16u);
-    EXPECT_EQ(gun->ringIndex, 15u);
-    const std::vector<ParticleSlice*> first16(gun->sparks.begin(), gun->sparks.end());
-
-    advance(kFrame);
-    fireAnyway(300, 400);
+    fillTheRingAndFireOnceMore(*gun);
     EXPECT_EQ(gun->shots.count, 32u);
-    EXPECT_EQ(gun->shots.capacity, 32u);
-    ASSERT_EQ(gun->sparks.count, 32u);
+    EXPECT_EQ(gun->sparks.count, 32u);
     EXPECT_EQ(gun->ringIndex, 16u);
-    EXPECT_EQ(gun->shots[16].position, vec2(300, 400));
-    EXPECT_EQ(gun->shots[16].born, kStart + kFrame);
-    for (uint32_t i = 0; i < 16; ++i) {
-        EXPECT_EQ(gun->shots[i].born, kStart) << i; // the slots in flight are kept
-        EXPECT_EQ(gun->sparks[i], first16[i]) << i;
-    }
-    for (uint32_t i = 17; i < 32; ++i) EXPECT_EQ(gun->shots[i].dies, 0u) << i;
-    std::set<ParticleSlice*> distinct(gun->sparks.begin(), gun->sparks.end());
-    EXPECT_EQ(distinct.size(), 32u);
-    for (uint32_t i = 16; i < 32; ++i) EXPECT_EQ(gun->sparks[i]->system, &sparks());
-}
-
-TEST_F(EnemyPlasmaTest, BoltsAreDrawnGreenAtHalfSize12ThreeTimesInEveryViewCopy)
-{
-    fireAnyway(100, 200);
-    advance(750);
-    ViewCopies views({vec2(0, 0), vec2(0, -4096)});
-    QuadRecorder sink;
-    gun->drawShots(views.state, sink);
-    ASSERT_EQ(sink.batches.size(), 6u);
-    for (uint32_t i = 0; i < 6; ++i) {
-        const RecordedQuads& batch = sink.batches[i];
-        EXPECT_EQ(batch.texture, gun->texture);
-        EXPECT_EQ(batch.modelView, views.modelView(i / 3)) << i;
-        ASSERT_EQ(batch.vertices.size(), 4u);
-        EXPECT_EQ(batch.vertices[0].x, 100 - 12);
-        EXPECT_EQ(batch.vertices[0].y, 200 - 12);
-        EXPECT_EQ(batch.vertices[2].x, 100 + 12);
-        EXPECT_EQ(batch.vertices[2].y, 200 + 12);
-        for (const Gun::QuadVertex& c : batch.vertices) {
-            EXPECT_EQ(c.r, 25);
-            EXPECT_EQ(c.g, 255);
-            EXPECT_EQ(c.b, 50);
-            EXPECT_EQ(c.a, 127); // half its life gone
-        }
-    }
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <set>
 
 namespace {
 
@@ -42,18 +41,7 @@ protected:
 
 TEST_F(PlasmaTest, ANewGunHas64FreeSlotsEachWithItsOwnSparkSliceOutOfEveryScene)
 {
-    EXPECT_EQ(plasma->shots.count, 64u);
-    EXPECT_EQ(plasma->shots.capacity, 64u);
-    EXPECT_EQ(plasma->sparks.count, 64u);
-    std::set<ParticleSlice*> distinct(plasma->sparks.begin(), plasma->sparks.end());
-    EXPECT_EQ(distinct.size(), 64u);
-    for (ParticleSlice* slice : plasma->sparks) {
-        EXPECT_EQ(slice->system, &sparks());
-        EXPECT_EQ(slice->parent, nullptr);
-        EXPECT_TRUE(slice->removeWhenEmpty);
-        EXPECT_FALSE(slice->deleteWhenEmpty);
-    }
-    for (const Plasma::Vertex& slot : plasma->shots) EXPECT_EQ(slot.dies, 0u);
+    expectFreshRing(*plasma, 64);
     EXPECT_EQ(plasma->damageMin, 5.0f);
     EXPECT_EQ(plasma->damageMax, 15.0f);
     EXPECT_EQ(plasma->fireRate, 5.0f);
@@ -62,7 +50,6 @@ TEST_F(PlasmaTest, ANewGunHas64FreeSlotsEachWithItsOwnSparkSliceOutOfEveryScene)
     EXPECT_EQ(plasma->speed, 750.0f);
     EXPECT_EQ(plasma->lifetime, 1500u);
     EXPECT_EQ(plasma->passes, 3u);
-    EXPECT_EQ(plasma->ringIndex, 0u);
     EXPECT_EQ(plasma->colour[0], 128);
     EXPECT_EQ(plasma->colour[1], 113);
     EXPECT_EQ(plasma->colour[2], 255);
@@ -122,27 +109,10 @@ TEST_F(PlasmaTest, ABoltFadesLinearlyToTransparentOverItsLife)
 
 TEST_F(PlasmaTest, A65thBoltInFlightDoublesTheRingTo128SlotsAndTheSparkSlicesTo128)
 {
-    for (int i = 0; i < 64; ++i) fireFrom(100, 200);
-    EXPECT_EQ(plasma->shots.count, 64u);
-    EXPECT_EQ(plasma->ringIndex, 63u);
-    const std::vector<ParticleSlice*> first64(plasma->sparks.begin(), plasma->sparks.end());
-
-    advance(kFrame);
-    fireFrom(300, 400);
+    fillTheRingAndFireOnceMore(*plasma);
     EXPECT_EQ(plasma->shots.count, 128u);
-    EXPECT_EQ(plasma->shots.capacity, 128u);
     EXPECT_EQ(plasma->sparks.count, 128u);
     EXPECT_EQ(plasma->ringIndex, 64u);
-    EXPECT_EQ(plasma->shots[64].position, vec2(300, 400));
-    EXPECT_EQ(plasma->shots[64].born, kStart + kFrame);
-    for (uint32_t i = 0; i < 64; ++i) {
-        EXPECT_EQ(plasma->shots[i].born, kStart) << i; // the slots in flight are kept
-        EXPECT_EQ(plasma->sparks[i], first64[i]) << i;
-    }
-    for (uint32_t i = 65; i < 128; ++i) EXPECT_EQ(plasma->shots[i].dies, 0u) << i;
-    std::set<ParticleSlice*> distinct(plasma->sparks.begin(), plasma->sparks.end());
-    EXPECT_EQ(distinct.size(), 128u);
-    for (uint32_t i = 64; i < 128; ++i) EXPECT_EQ(plasma->sparks[i]->system, &sparks());
 }
 
 TEST_F(PlasmaTest, TheSlotSearchStartsAtTheSlotUsedLastSoAFreedSlotBehindItWaitsForTheRingToComeRound)

@@ -9,6 +9,7 @@
 #include "core/Stack.h"
 #include "math/mat2.h"
 #include "math/vec2.h"
+#include "math/vec3.h"
 #include "math/vec4.h"
 #include "platform/Vorlik.h"
 #include "play/ActorLists.h"
@@ -19,6 +20,7 @@
 #include "scene/Drawable.h"
 #include "scene/Group.h"
 #include "scene/Particle.h"
+#include "scene/ParticleSlice.h"
 #include "scene/ParticleSystem.h"
 #include "scene/SceneState.h"
 #include "scene/ViewRect.h"
@@ -26,6 +28,7 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <set>
 #include <vector>
 
 // A drawable that draws nothing: where a target ship sits in its scene.
@@ -213,6 +216,60 @@ protected:
         const vorlik::vec4 white(1, 1, 1, 1);
         sparks().emit(nullptr, count, 1000, 1000, vorlik::vec2(), vorlik::vec2(), white, white, 0, 16, 16, 16, 16, 0,
                       0, 0);
+    }
+
+    // A plasma gun of either side as made: `slots` free slots (count == capacity), the search at
+    // the first, and each slot with its own spark slice of the session's spark system, out of
+    // every scene, leaving it when empty and never deleting itself.
+    template <typename PlasmaGunT>
+    void expectFreshRing(const PlasmaGunT& gun, uint32_t slots)
+    {
+        EXPECT_EQ(gun.shots.count, slots);
+        EXPECT_EQ(gun.shots.capacity, slots);
+        for (const auto& slot : gun.shots) EXPECT_EQ(slot.dies, 0u);
+        EXPECT_EQ(gun.ringIndex, 0u);
+        ASSERT_EQ(gun.sparks.count, slots);
+        const std::set<ParticleSlice*> distinct(gun.sparks.begin(), gun.sparks.end());
+        EXPECT_EQ(distinct.size(), slots);
+        for (ParticleSlice* slice : gun.sparks) {
+            EXPECT_EQ(slice->system, &sparks());
+            EXPECT_EQ(slice->parent, nullptr);
+            EXPECT_TRUE(slice->removeWhenEmpty);
+            EXPECT_FALSE(slice->deleteWhenEmpty);
+        }
+    }
+    // Fills every slot of a new plasma gun of either side with a bolt from (100, 200), then a
+    // frame later fires one more from (300, 400). The ring must have doubled: the bolts in
+    // flight and their slices kept, the new bolt in the first new slot with the search on it,
+    // the other new slots free, and a new slice of the session's spark system for each new slot.
+    template <typename PlasmaGunT>
+    void fillTheRingAndFireOnceMore(PlasmaGunT& gun)
+    {
+        const uint32_t slots = gun.shots.count;
+        gun.fireRate = Gun::kEveryCall;
+        gun.position = vorlik::vec3(100, 200, 0);
+        for (uint32_t i = 0; i < slots; ++i) gun.fire(vorlik::vec2(1, 0));
+        EXPECT_EQ(gun.shots.count, slots);
+        EXPECT_EQ(gun.ringIndex, slots - 1);
+        const std::vector<ParticleSlice*> before(gun.sparks.begin(), gun.sparks.end());
+
+        advance(kFrame);
+        gun.position = vorlik::vec3(300, 400, 0);
+        gun.fire(vorlik::vec2(1, 0));
+        EXPECT_EQ(gun.shots.count, 2 * slots);
+        EXPECT_EQ(gun.shots.capacity, 2 * slots);
+        ASSERT_EQ(gun.sparks.count, 2 * slots);
+        EXPECT_EQ(gun.ringIndex, slots);
+        EXPECT_EQ(gun.shots[slots].position, vorlik::vec2(300, 400));
+        EXPECT_EQ(gun.shots[slots].born, kStart + kFrame);
+        for (uint32_t i = 0; i < slots; ++i) {
+            EXPECT_EQ(gun.shots[i].born, kStart) << i;
+            EXPECT_EQ(gun.sparks[i], before[i]) << i;
+        }
+        for (uint32_t i = slots + 1; i < 2 * slots; ++i) EXPECT_EQ(gun.shots[i].dies, 0u) << i;
+        const std::set<ParticleSlice*> distinct(gun.sparks.begin(), gun.sparks.end());
+        EXPECT_EQ(distinct.size(), 2 * slots);
+        for (uint32_t i = slots; i < 2 * slots; ++i) EXPECT_EQ(gun.sparks[i]->system, &sparks()) << i;
     }
 
     Group world;
