@@ -1,8 +1,8 @@
 // The game's window and scenes for the benchmarks that run or draw game frames: the window
 // opened once per program in the run directory with every picture and font loaded, as start-up
-// does, and GameScenes, which makes g_world (a 4096 x 4096 world), g_hud and g_fader for one
-// benchmark and deletes the two scenes again after it. Not for tests, which have their own
-// fixtures; needs an X display (Xvfb).
+// does, and GameScenes, which makes a world scene (4096 x 4096) and a HUD scene as g_world and
+// g_hud, and g_fader, for one benchmark, and deletes the two scenes again after it. Not for
+// tests, which have their own fixtures; needs an X display (Xvfb).
 #pragma once
 
 #include "app/MainLoop.h"
@@ -62,38 +62,40 @@ inline bool openGameWindow(benchmark::State& state)
 }
 
 // The two scenes as start-up makes them (window-sized, outlines off) and the program's fader,
-// made for one benchmark; the scenes are deleted again with this object, the fader is kept.
+// made for one benchmark. The newest GameScenes is the game's: its scenes become g_world and
+// g_hud (an older one stays drawable through drawFrame, as an empty frame beside the game's).
+// The scenes are deleted again with this object; the fader is kept.
 class GameScenes {
 public:
-    GameScenes()
+    GameScenes() : world(new Scene2D(kWindowSized, kWindowSized)), hud(new DirectScene2D(kWindowSized, kWindowSized))
     {
-        g_world = new Scene2D(kWindowSized, kWindowSized);
-        g_world->worldWidth = kWorldWidth;
-        g_world->worldHeight = kWorldHeight;
-        g_world->debugBounds = false;
-        g_hud = new DirectScene2D(kWindowSized, kWindowSized);
-        g_hud->debugBounds = false;
+        world->worldWidth = kWorldWidth;
+        world->worldHeight = kWorldHeight;
+        world->debugBounds = false;
+        hud->debugBounds = false;
+        g_world = world;
+        g_hud = hud;
         if (g_fader == nullptr) g_fader = new Fader();
     }
     ~GameScenes()
     {
-        delete g_hud;
-        delete g_world;
-        g_hud = nullptr;
-        g_world = nullptr;
+        if (g_hud == hud) g_hud = nullptr;
+        if (g_world == world) g_world = nullptr;
+        delete hud;
+        delete world;
     }
     GameScenes(const GameScenes&) = delete;
     GameScenes& operator=(const GameScenes&) = delete;
 
-    // One frame on screen as the main loop draws it: clear, the world (into its target, then
-    // composited), the HUD, the fader, the swap; then glFinish, so that the time includes the
-    // rasterising. The swap is SDL's own, not Vorlik::endFrame, which would also set the clock
-    // that the benchmarks set themselves.
-    static void drawFrame()
+    // One frame of these scenes on screen as the main loop draws it: clear, the world (into its
+    // target, then composited), the HUD, the fader, the swap; then glFinish, so that the time
+    // includes the rasterising. The swap is SDL's own, not Vorlik::endFrame, which would also
+    // set the clock that the benchmarks set themselves.
+    void drawFrame() const
     {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-        g_world->render();
-        g_hud->render();
+        world->render();
+        hud->render();
         g_fader->draw();
         SDL_GL_SwapBuffers();
         glFinish();
@@ -101,6 +103,9 @@ public:
 
 private:
     static constexpr int32_t kWindowSized = -1;
+
+    Scene2D* world;     // owned
+    DirectScene2D* hud; // owned
 };
 
 } // namespace bench
