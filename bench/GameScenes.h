@@ -42,8 +42,9 @@ inline void loadResourcesQuietly()
 
 // Opens the game's window (windowed, no vsync) and loads the pictures and fonts, once per
 // program. The shaders and pictures are read by relative path from the run directory, which
-// the build puts beside this program's own directory (<build>/bench/.. /run), so the program
-// moves there first. Without an X display the benchmark is skipped with that error: false.
+// the build makes beside this program's directory (<build>/run beside <build>/bench), so the
+// program moves there first, and says so on standard error when it is missing. Without an X
+// display the benchmark is skipped with that error: false.
 inline bool openGameWindow(benchmark::State& state)
 {
     using vorlik::Vorlik;
@@ -55,7 +56,10 @@ inline bool openGameWindow(benchmark::State& state)
     std::error_code error;
     const std::filesystem::path exe = std::filesystem::canonical("/proc/self/exe", error);
     const std::filesystem::path run = exe.parent_path().parent_path() / "run";
-    if (!error && std::filesystem::exists(run / "gfx") && chdir(run.c_str()) != 0) std::perror("chdir");
+    if (error || !std::filesystem::exists(run / "gfx"))
+        std::fprintf(stderr, "no pictures in %s: build the kelvane_assets target\n", run.c_str());
+    else if (chdir(run.c_str()) != 0)
+        std::perror("chdir");
     Vorlik::init(MainLoop::kWindowWidth, MainLoop::kWindowHeight, "GameBench", Vorlik::kWindowed, Vorlik::kVsyncOff);
     loadResourcesQuietly();
     return true;
