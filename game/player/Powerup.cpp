@@ -82,14 +82,14 @@ void megaNuke(Player& ship, vorlik::String&)
 {
     constexpr float kRadius[2] = {720.0f, 820.0f};       // world units
     constexpr float kFlashTime[2] = {950.0f, 1250.0f};   // ms
-    constexpr float kShakePerMs = 0.2f;                  // world units of shake per ms of flash
+    constexpr float kShakeDivisor = 5.0f;                // ms of flash per world unit of shake
     g_game->areaDamage(ship.position, g_rand.range(kRadius[0], kRadius[1]));
     const int32_t flash = static_cast<int32_t>(g_rand.range(kFlashTime[0], kFlashTime[1]));
     if (g_fader != nullptr) {
         g_fader->red = g_fader->green = g_fader->blue = g_fader->opacity = 1.0f;
         g_fader->fadeIn(static_cast<uint32_t>(flash));
     }
-    g_game->shake(static_cast<float>(flash), static_cast<float>(flash) * kShakePerMs);
+    g_game->shake(static_cast<float>(flash), static_cast<float>(flash) / kShakeDivisor);
 }
 
 // One kind: its message (the Upgrade's gets its amount appended by the effect), the band of

@@ -38,7 +38,7 @@ TEST(WaveTableTest, BatchesComeInTypeOrderFromTheirFirstWaves)
     }
 }
 
-TEST(WaveTableTest, TheFirstWaveBringsThirteenFighters)
+TEST(WaveTableTest, TheFirstWaveBringsThirteenFightersAndTheSecondFifteen)
 {
     EXPECT_EQ(batchesOf(1), std::vector<int32_t>({13}));
     EXPECT_EQ(batchesOf(2), std::vector<int32_t>({15}));

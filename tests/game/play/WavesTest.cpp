@@ -10,6 +10,7 @@
 #include "play/Plasma.h"
 #include "play/ActorLists.h"
 #include "player/Player.h"
+#include "scene/ParticleSlice.h"
 
 #include <gtest/gtest.h>
 
@@ -193,6 +194,14 @@ TEST_F(WavesTest, AfterAWaveStartsEveryEnemyIsDrawnAboveTheShipAndTheGunsAboveTh
         previous = order.at(enemy->drawable);
         EXPECT_EQ(enemy->gun->parent, static_cast<Container*>(g_world)) << "each ship's gun draws in the world";
     }
+}
+
+TEST_F(WavesTest, AnEnemysExplosionIsDrawnAboveEveryShipAndGun)
+{
+    while (g_game->wave == 0) frame();
+    ASSERT_EQ(g_world->last, static_cast<Drawable*>(g_game->player->laser));
+    g_game->enemies[3]->explode();
+    EXPECT_EQ(g_world->last, static_cast<Drawable*>(g_game->explosionSlice));
 }
 
 TEST_F(WavesTest, ADeadShipWithNoLivesEndsTheGameAndNoWaveFollowsWithEnemiesGone)

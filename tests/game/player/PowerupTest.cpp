@@ -106,7 +106,7 @@ TEST_F(PowerupTest, ConstructionDrawsTheVelocityYThenXWithin75AndThenTheKind)
 
 // 90 in 100 tokens are Upgrades; the other tenth splits 30, 30, 10, 10, 20, 10 in 110. Each
 // count must lie within four standard deviations of its share, which a band of the wrong width
-// (or two kinds swapped) leaves.
+// leaves. Kinds swapped between bands of equal width are caught by the band tests above.
 TEST_F(PowerupTest, KindFrequenciesOverManyTokensFollowTheBands)
 {
     constexpr int kTokens = 100000;
