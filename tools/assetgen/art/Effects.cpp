@@ -33,11 +33,13 @@ float edgeFade(float u, float v) { return smoothstep(0.95f, 0.75f, std::fabs(u))
 
 void makeStar(AssetSink& sink)
 {
+    // A round point of light with a soft halo and only a faint horizontal glint: drawn small and
+    // by the hundred, a stronger streak turned the sky into rows of dashes.
     sink.picture("star", lightField(kStarWidth, kStarHeight, [](float u, float v) {
-        float core = std::exp(-(u * u / 0.012f + v * v / 0.05f));
-        float streak = 0.55f * std::exp(-(u * u / 0.22f + v * v / 0.045f));
-        float flare = 0.35f * std::exp(-(u * u / 0.6f + v * v / 0.006f));
-        return (core + streak + flare) * edgeFade(u, v);
+        float core = std::exp(-(u * u / 0.02f + v * v / 0.08f));
+        float halo = 0.3f * std::exp(-(u * u / 0.08f + v * v / 0.32f));
+        float glint = 0.12f * std::exp(-(u * u / 0.5f + v * v / 0.008f));
+        return (core + halo + glint) * edgeFade(u, v);
     }));
 }
 
