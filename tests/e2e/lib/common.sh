@@ -1,6 +1,7 @@
 # Shared helpers of the end-to-end scripts: start the real kelvane in its run directory,
-# find its window, press keys until they take effect, look at the screen, and wait for the
-# game to end. Each script is called with the run directory.
+# find its window, press keys until they take effect, take its F1 screenshots, look at the
+# screen (its brightness, its colours, a part of it watched over time), and wait for the game
+# to end. Each script is called with the run directory.
 set -euo pipefail
 
 RUN_DIR="${1:?usage: $0 RUN_DIR}"
@@ -14,9 +15,13 @@ KEY_UP_SECONDS=0.2
 CAPTION="Kelvane - Unfinished TSY '11 version"
 WORK="$(mktemp -d)"
 GAME_PID=""
+WATCHES=""
 trap 'cleanup' EXIT
 
 cleanup() {
+  stop_watching
+  # Buttons and keys a script held stay down in the X server, which the next script shares.
+  [ -z "${DISPLAY:-}" ] || xdotool mouseup 1 mouseup 3 keyup w keyup a keyup s keyup d 2>/dev/null || true
   if [ -n "$GAME_PID" ] && kill -0 "$GAME_PID" 2>/dev/null; then kill -KILL "$GAME_PID" 2>/dev/null || true; fi
   rm -rf "$WORK"
 }
@@ -27,6 +32,11 @@ fail() {
     [ -s "$WORK/$f" ] && { echo "--- game $f:" >&2; tail -n 40 "$WORK/$f" >&2; }
   done
   exit 1
+}
+
+# Milliseconds since the epoch.
+now_ms() {
+  date +%s%3N
 }
 
 # Prints SECONDS (fractions allowed) times the time scale, in whole milliseconds.
@@ -43,10 +53,10 @@ scaled() {
 # once SECONDS (scaled) have passed without that.
 wait_until() {
   local deadline
-  deadline=$(( $(date +%s%3N) + $(scaled_ms "$1") ))
+  deadline=$(( $(now_ms) + $(scaled_ms "$1") ))
   shift
   until "$@"; do
-    [ "$(date +%s%3N)" -lt "$deadline" ] || return 1
+    [ "$(now_ms)" -lt "$deadline" ] || return 1
     sleep 0.05
   done
 }
@@ -121,14 +131,87 @@ hold_key_until() {
   return $status
 }
 
-# Prints how many of the pixels in WIDTHxHEIGHT+X+Y of a picture are lit (brighter than 25%).
-lit_pixels() {
-  convert "$1" -crop "$2" +repage -colorspace Gray -threshold 25% -format '%[fx:int(mean*w*h+0.5)]' info:
+# bright_pixels PICTURE WIDTHxHEIGHT+X+Y PERCENT: prints how many of the pixels in that part of
+# the picture are brighter than PERCENT.
+bright_pixels() {
+  convert "$1" -crop "$2" +repage -colorspace Gray -threshold "$3%" -format '%[fx:int(mean*w*h+0.5)]' info:
 }
 
-# Saves the X server's picture of the whole screen (the game's window fills it) to $WORK/screen.png.
+# Prints how many of the pixels in WIDTHxHEIGHT+X+Y of a picture are lit (brighter than 25%).
+lit_pixels() {
+  bright_pixels "$1" "$2" 25
+}
+
+# Prints the mean brightness of WIDTHxHEIGHT+X+Y of a picture, from 0 (black) to 1000 (white).
+brightness() {
+  convert "$1" -crop "$2" +repage -colorspace Gray -format '%[fx:int(mean*1000+0.5)]' info:
+}
+
+# The place of a colour channel named R, G or B among the separated channels of a picture.
+channel_index() {
+  case "$1" in R) echo 0 ;; G) echo 1 ;; B) echo 2 ;; *) fail "no colour channel $1" ;; esac
+}
+
+# tint_mask LEADERS OTHERS PERCENT: prints, one a line, the convert operators that turn the
+# list's one picture into a mask, white where every channel in LEADERS (letters of RGB) is above
+# every channel in OTHERS by more than PERCENT of full scale. G over RB finds the enemies'
+# green bolts, B over RG the ship's violet bolts and blue beams, R over GB the enemies' red
+# hulls, RG over B their engine glows.
+tint_mask() {
+  local a b
+  printf '%s\n' -channel RGB -separate +channel
+  for a in $(grep -o . <<<"$1"); do
+    for b in $(grep -o . <<<"$2"); do
+      printf '%s\n' '(' -clone "$(channel_index "$a")" -clone "$(channel_index "$b")" -compose minus_src -composite ')'
+    done
+  done
+  printf '%s\n' -delete 0-2 -evaluate-sequence min -threshold "$3%"
+}
+
+# tinted_pixels PICTURE WIDTHxHEIGHT+X+Y LEADERS OTHERS PERCENT: prints how many pixels of that
+# part are in tint_mask's mask.
+tinted_pixels() {
+  local mask
+  mapfile -t mask < <(tint_mask "$3" "$4" "$5")
+  convert "$1" -crop "$2" +repage "${mask[@]}" -format '%[fx:int(mean*w*h+0.5)]' info:
+}
+
+# tinted_on_screen WIDTHxHEIGHT+X+Y LEADERS OTHERS PERCENT LEAST: captures that part of the
+# screen and succeeds when more than LEAST of its pixels are tinted so (tinted_pixels).
+tinted_on_screen() {
+  import -window root -crop "$1" "$WORK/tinted.bmp" &&
+    [ "$(tinted_pixels "$WORK/tinted.bmp" "${1%%+*}+0+0" "$2" "$3" "$4")" -gt "$5" ]
+}
+
+# lit_halves PICTURE X Y HALF PERCENT: prints the pixels brighter than PERCENT in the square of
+# side 2 x HALF centred on (X, Y): all of them, then those in its left, right, top and bottom
+# halves.
+lit_halves() {
+  local picture="$1" x="$2" y="$3" half="$4" percent="$5" side
+  side=$((2 * half))
+  echo "$(bright_pixels "$picture" "${side}x${side}+$((x - half))+$((y - half))" "$percent")" \
+    "$(bright_pixels "$picture" "${half}x${side}+$((x - half))+$((y - half))" "$percent")" \
+    "$(bright_pixels "$picture" "${half}x${side}+${x}+$((y - half))" "$percent")" \
+    "$(bright_pixels "$picture" "${side}x${half}+$((x - half))+$((y - half))" "$percent")" \
+    "$(bright_pixels "$picture" "${side}x${half}+$((x - half))+${y}" "$percent")"
+}
+
+# centred_on PICTURE X Y HALF PERCENT LEAST: succeeds when the square of lit_halves holds at
+# least LEAST pixels brighter than PERCENT and each of its four halves between a third and two
+# thirds of them: something bright is drawn centred on (X, Y).
+centred_on() {
+  local all left right top bottom part
+  read -r all left right top bottom <<<"$(lit_halves "$1" "$2" "$3" "$4" "$5")"
+  [ "$all" -ge "$6" ] || return 1
+  for part in "$left" "$right" "$top" "$bottom"; do
+    [ $((3 * part)) -ge "$all" ] && [ $((3 * part)) -le $((2 * all)) ] || return 1
+  done
+}
+
+# capture_screen [FILE]: saves the X server's picture of the whole screen (the game's window
+# fills it) to FILE, $WORK/screen.png unless given.
 capture_screen() {
-  import -window root "$WORK/screen.png"
+  import -window root "${1:-$WORK/screen.png}"
 }
 
 # Succeeds when the screen shows the title: the word "Kelvane" at the top centre is lit.
@@ -141,7 +224,79 @@ differing_pixels() {
   compare -metric AE "$1" "$2" null: 2>&1 || true
 }
 
+# moved_pixels PICTURE1 PICTURE2 WIDTHxHEIGHT+X+Y PERCENT: prints how many pixels of that part
+# are brighter than PERCENT in one picture and not in the other: where bright things (stars,
+# shots, text) moved, came or went, whatever slow change the dim sky behind them made.
+moved_pixels() {
+  convert "$1" "$2" -crop "$3" +repage -colorspace Gray -threshold "$4%" -compose difference -composite \
+    -format '%[fx:int(mean*w*h+0.5)]' info:
+}
+
 # Succeeds once the screen no longer shows the picture in FILE.
 screen_differs_from() {
   capture_screen && [ "$(differing_pixels "$1" "$WORK/screen.png")" != "0" ]
+}
+
+# A screenshot file of the 1280 x 720 window: a 54-byte header and 3 bytes a pixel.
+SCREENSHOT_BYTES=$((54 + 1280 * 720 * 3))
+SCREENSHOTS_TAKEN=0
+
+screenshot_written() {
+  [ "$(stat -c %s "$1" 2>/dev/null || echo 0)" -eq "$SCREENSHOT_BYTES" ]
+}
+
+# take_screenshot WINDOW: presses F1 until the game has written the whole of its next
+# screenshot, and leaves that file's path in SHOT.
+take_screenshot() {
+  SHOT="$GAME_DIR/screenshot_$((SCREENSHOTS_TAKEN + 1)).bmp"
+  hold_key_until "$1" F1 10 screenshot_written "$SHOT" || fail "F1 wrote no $(basename "$SHOT") within $(scaled 10) s"
+  SCREENSHOTS_TAKEN=$((SCREENSHOTS_TAKEN + 1))
+}
+
+# watch_screen WIDTHxHEIGHT+X+Y MEASURE START_MS LOG: captures that part of the screen over and
+# over in the background and appends a line per capture to LOG: the milliseconds from START_MS
+# to the capture, then what the function MEASURE prints when called with the captured picture
+# (a file of just that part) and its whole geometry. Runs until the game ends or stop_watching;
+# several watches may run at once, and WATCH holds the latest one's id.
+watch_screen() {
+  local geometry="$1" measure="$2" start="$3" log="$4" picture="$4.bmp"
+  (
+    set +e
+    while game_running; do
+      taken=$(( $(now_ms) - start ))
+      import -window root -crop "$geometry" "$picture" 2>/dev/null &&
+        echo "$taken $("$measure" "$picture" "${geometry%%+*}+0+0" 2>/dev/null)"
+      # Room between captures for the game, which shares the processors.
+      sleep 0.03
+    done >>"$log"
+  ) &
+  WATCH=$!
+  WATCHES="$WATCHES $WATCH"
+}
+
+# stop_watching [WATCH...]: ends the watches given by id, or every watch.
+stop_watching() {
+  local watch
+  for watch in ${@:-$WATCHES}; do
+    kill "$watch" 2>/dev/null || true
+    wait "$watch" 2>/dev/null || true
+  done
+  [ $# -gt 0 ] || WATCHES=""
+}
+
+# watched_for LOG MS: succeeds once the watch's LOG holds a capture taken MS or more after its
+# start.
+watched_for() {
+  [ -s "$1" ] && [ "$(tail -n 1 "$1" | cut -d ' ' -f 1)" -ge "$2" ]
+}
+
+# first_reaching LOG VALUE [FROM_MS]: prints the time of the first capture in a watch's LOG, at
+# or after FROM_MS (0 unless given), whose value is at least VALUE; nothing when none is.
+first_reaching() {
+  awk -v value="$2" -v from="${3:-0}" '$1 >= from && $2 >= value { print $1; exit }' "$1"
+}
+
+# first_below LOG VALUE [FROM_MS]: the same for the first capture whose value is below VALUE.
+first_below() {
+  awk -v value="$2" -v from="${3:-0}" '$1 >= from && $2 < value { print $1; exit }' "$1"
 }
