@@ -13,7 +13,7 @@ for n in 1 2 3; do
 done
 # The title stands still, so the screen now shows what the last F1 saved.
 capture_screen
-hold_key_until "$window" Escape 5 game_ended || fail "kelvane still running $(scaled 5) s after Escape"
+press_key_until "$window" Escape 5 game_ended || fail "kelvane still running $(scaled 5) s after Escape"
 wait_for_exit 1
 [ "$GAME_STATUS" -eq 0 ] || fail "exit status $GAME_STATUS"
 

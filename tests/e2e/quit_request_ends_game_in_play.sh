@@ -9,7 +9,7 @@ wait_for_startup
 wait_until 10 title_on_screen || fail "the title never showed"
 cp "$WORK/screen.png" "$WORK/title.png"
 # Return leaves the title screen for the fade into the game: the screen starts to change.
-hold_key_until "$window" Return 10 screen_differs_from "$WORK/title.png" || fail "the title stayed after Return"
+press_key_until "$window" Return 10 screen_differs_from "$WORK/title.png" || fail "the title stayed after Return"
 game_running || fail "kelvane ended on Return"
 kill -TERM "$GAME_PID"
 wait_for_exit 2

@@ -4,19 +4,6 @@
 # the game's HUD is there.
 source "$(dirname "$0")/lib/common.sh"
 
-# Lit pixels of the radar's dials in the bottom-right corner of a picture.
-radar_lit() {
-  lit_pixels "$1" 250x250+1025+465
-}
-
-# Succeeds once the screen shows the game with its fade-in over: the radar's dials (about 3700
-# pixels when fully lit, stars behind the panel changing a few) are lit on two captures in a row.
-game_on_screen() {
-  [ ! -e "$WORK/screen.png" ] || mv "$WORK/screen.png" "$WORK/before.png"
-  capture_screen && [ -e "$WORK/before.png" ] && [ "$(radar_lit "$WORK/screen.png")" -gt 3000 ] &&
-    [ "$(radar_lit "$WORK/before.png")" -gt 3000 ]
-}
-
 start_game
 window="$(wait_for_window)"
 wait_for_startup
@@ -25,9 +12,9 @@ cp "$WORK/screen.png" "$WORK/title.png"
 hold_key_until "$window" F1 10 test -e "$GAME_DIR/screenshot_1.bmp" || fail "no screenshot of the title"
 
 # A second of fade to black, then half a second into the game.
-hold_key_until "$window" Return 10 game_on_screen || fail "the game's HUD never showed after Return"
+press_key_until "$window" Return 10 game_faded_in || fail "the game's HUD never showed after Return"
 hold_key_until "$window" F1 10 test -e "$GAME_DIR/screenshot_2.bmp" || fail "no screenshot after entering the game"
-hold_key_until "$window" Escape 5 game_ended || fail "kelvane still running $(scaled 5) s after Escape"
+press_key_until "$window" Escape 5 game_ended || fail "kelvane still running $(scaled 5) s after Escape"
 wait_for_exit 1
 [ "$GAME_STATUS" -eq 0 ] || fail "exit status $GAME_STATUS after Escape, expected 0"
 
@@ -48,5 +35,5 @@ title="$GAME_DIR/screenshot_1.bmp"
 game="$GAME_DIR/screenshot_2.bmp"
 [ "$(lit_pixels "$game" 200x28+650+532)" -lt 120 ] || fail "the notice is still on screen in the game"
 [ "$(lit_pixels "$game" 200x60+0+0)" -gt 300 ] || fail "no score panel in the top-left corner"
-[ "$(radar_lit "$game")" -gt 3000 ] || fail "no radar in the bottom-right corner"
+[ "$(lit_pixels "$game" "$RADAR_CORNER")" -gt 3000 ] || fail "no radar in the bottom-right corner"
 echo "ok: title notice drawn centred, gone once the game began with its HUD"

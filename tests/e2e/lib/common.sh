@@ -12,7 +12,14 @@ TIME_SCALE="${KELVANE_TIME_SCALE:-1}"
 # frames (about 40 a second under llvmpipe) sees it up: a press only counts on a frame that
 # sees the key down after one that saw it up.
 KEY_UP_SECONDS=0.2
+# Seconds a key the game may have ignored is held before it is let go and pressed again: longer
+# than the longest fade (a second), during which the game takes no Return or Escape.
+PRESS_AGAIN_SECONDS=1.5
 CAPTION="Kelvane - Unfinished TSY '11 version"
+# The sanitizer build's tests preload Mesa's driver (scripts/test says why). It is kept for the
+# game alone: the scripts' own tools (ImageMagick, xdotool) run several times slower with it.
+GAME_PRELOAD="${LD_PRELOAD:-}"
+unset LD_PRELOAD
 WORK="$(mktemp -d)"
 GAME_PID=""
 WATCHES=""
@@ -26,8 +33,12 @@ cleanup() {
   rm -rf "$WORK"
 }
 
+# A failing script copies the game's screenshots into KELVANE_E2E_KEEP when that is set.
 fail() {
   echo "FAIL: $*" >&2
+  if [ -n "${KELVANE_E2E_KEEP:-}" ] && [ -d "${GAME_DIR:-}" ]; then
+    mkdir -p "$KELVANE_E2E_KEEP" && find "$GAME_DIR" -maxdepth 1 -name '*.bmp' -exec cp {} "$KELVANE_E2E_KEEP" \;
+  fi
   for f in stdout stderr; do
     [ -s "$WORK/$f" ] && { echo "--- game $f:" >&2; tail -n 40 "$WORK/$f" >&2; }
   done
@@ -70,7 +81,7 @@ for entry in "$RUN_DIR"/*; do ln -s "$(cd "$(dirname "$entry")" && pwd)/$(basena
 # Starts kelvane in the background in $GAME_DIR; its output goes to $WORK.
 start_game() {
   [ -x "$GAME_DIR/kelvane" ] || fail "no kelvane in $RUN_DIR"
-  (cd "$GAME_DIR" && exec ./kelvane >"$WORK/stdout" 2>"$WORK/stderr") &
+  (cd "$GAME_DIR" && exec env ${GAME_PRELOAD:+LD_PRELOAD="$GAME_PRELOAD"} ./kelvane >"$WORK/stdout" 2>"$WORK/stderr") &
   GAME_PID=$!
 }
 
@@ -129,6 +140,19 @@ hold_key_until() {
   xdotool keyup --window "$window" "$key" 2>/dev/null || true
   game_ended || sleep "$(scaled "$KEY_UP_SECONDS")"
   return $status
+}
+
+# press_key_until WINDOW KEY SECONDS COMMAND...: hold_key_until for the keys the game ignores
+# while a fade runs (Return on the title, Escape). A key that went down during a fade is not
+# seen again however long it is held, so a key whose effect has not shown after
+# PRESS_AGAIN_SECONDS (scaled) is let go and pressed again, until SECONDS (scaled) have passed.
+press_key_until() {
+  local window="$1" key="$2" deadline
+  deadline=$(( $(now_ms) + $(scaled_ms "$3") ))
+  shift 3
+  until hold_key_until "$window" "$key" "$PRESS_AGAIN_SECONDS" "$@"; do
+    [ "$(now_ms)" -lt "$deadline" ] || return 1
+  done
 }
 
 # bright_pixels PICTURE WIDTHxHEIGHT+X+Y PERCENT: prints how many of the pixels in that part of
@@ -217,6 +241,18 @@ capture_screen() {
 # Succeeds when the screen shows the title: the word "Kelvane" at the top centre is lit.
 title_on_screen() {
   capture_screen && [ "$(lit_pixels "$WORK/screen.png" 100x30+540+27)" -gt 200 ]
+}
+
+# Succeeds once the game is on screen with its fade-in over: the radar's corner is lit but no
+# longer white from the title (its mean brightness between 4 and 15 %), and no brighter or
+# darker than on the capture before, as it would be while the game fades in.
+RADAR_CORNER=250x250+1025+465
+game_faded_in() {
+  local before="${RADAR_BRIGHTNESS:-0}"
+  capture_screen || return 1
+  RADAR_BRIGHTNESS="$(brightness "$WORK/screen.png" "$RADAR_CORNER")"
+  [ "$RADAR_BRIGHTNESS" -gt 40 ] && [ "$RADAR_BRIGHTNESS" -lt 150 ] &&
+    [ $(( RADAR_BRIGHTNESS - before )) -le 2 ] && [ $(( before - RADAR_BRIGHTNESS )) -le 2 ]
 }
 
 # Prints how many pixels differ between two pictures.
