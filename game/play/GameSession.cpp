@@ -26,6 +26,8 @@
 #include "scene/DirectScene2D.h"
 #include "scene/Text.h"
 
+#include <memory>
+
 using vorlik::Vorlik;
 
 GameSession* g_game = nullptr;
@@ -58,15 +60,24 @@ GameSession::GameSession()
       enemies(kActorListCapacity),
       friends(kActorListCapacity),
       others(kActorListCapacity),
-      powerups(kActorListCapacity),
-      sparkParticles(new ParticleSystem(kSparkParticles)),
-      explosionParticles(new ParticleSystem(kExplosionParticles, kExplosionSetting)),
-      explosionSlice(explosionParticles->createSlice(ParticleSystem::kLeaveWhenEmpty, ParticleSystem::kKeepWhenEmpty)),
-      starfield(new Starfield(kStarCount)),
-      gameOverText(new Text(Resources::font_big, "Game Over"))
+      powerups(kActorListCapacity)
 {
-    sparkParticles->texture = Resources::proc_particle0_tex;
-    explosionParticles->texture = Resources::proc_particle0_tex;
+    // Each part is held here until the last is made, so that a failed allocation frees the
+    // parts already built (the slice before its system).
+    std::unique_ptr<ParticleSystem> sparks(new ParticleSystem(kSparkParticles));
+    std::unique_ptr<ParticleSystem> explosions(new ParticleSystem(kExplosionParticles, kExplosionSetting));
+    std::unique_ptr<ParticleSlice> slice(
+        explosions->createSlice(ParticleSystem::kLeaveWhenEmpty, ParticleSystem::kKeepWhenEmpty));
+    std::unique_ptr<Starfield> stars(new Starfield(kStarCount));
+    std::unique_ptr<Text> over(new Text(Resources::font_big, "Game Over"));
+    sparks->texture = Resources::proc_particle0_tex;
+    explosions->texture = Resources::proc_particle0_tex;
+
+    sparkParticles = sparks.release();
+    explosionParticles = explosions.release();
+    explosionSlice = slice.release();
+    starfield = stars.release();
+    gameOverText = over.release();
 }
 
 GameSession::~GameSession()

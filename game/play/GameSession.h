@@ -41,16 +41,16 @@ public:
 
     Player* player = nullptr;          // owned; made by start()
     Reticle* reticle = nullptr;        // owned; made by start()
-    ParticleSystem* sparkParticles;    // 1024 particles, owned: the guns' impact sparks
-    ParticleSystem* explosionParticles; // 4096 particles, owned: every ship's explosion
-    ParticleSlice* explosionSlice;     // owned; every explosion is emitted into it
-    Starfield* starfield;              // 512 stars, owned; drawn first in g_world
+    ParticleSystem* sparkParticles = nullptr;     // 1024 particles, owned: the guns' impact sparks
+    ParticleSystem* explosionParticles = nullptr; // 4096 particles, owned: every ship's explosion
+    ParticleSlice* explosionSlice = nullptr;      // owned; every explosion is emitted into it
+    Starfield* starfield = nullptr;               // 512 stars, owned; drawn first in g_world
     ScoreCounter* scoreCounter = nullptr;   // the score box's counter, owned by that box
     ScoreCounter* reserveCounter = nullptr; // the weapon box's third counter, owned by that box
     HUD_ScoreBox* scoreBox = nullptr;  // owned; made by start()
     HUD_WeaponBox* weaponBox = nullptr;
     HUD_RadarBox* radarBox = nullptr;
-    Text* gameOverText;          // "Game Over" in the big font, owned; shown after game over
+    Text* gameOverText = nullptr; // "Game Over" in the big font, owned; shown after game over
     float gameOverStart = 0.0f;  // ms: the text's fade-in window
     float gameOverEnd = 0.0f;
     float shakeStrength = 0.0f;  // world units

@@ -53,7 +53,7 @@ Starfield::Starfield(uint32_t starCount)
 }
 
 Starfield::Starfield(uint32_t starCount, float width, float height)
-    : starTexture(Resources::star_tex), stars(new Star[starCount]()), count(starCount), screenWidth(width),
+    : starTexture(Resources::star_tex), stars(new Star[starCount + 1]()), count(starCount), screenWidth(width),
       screenHeight(height)
 {
     sky.faces[vorlik::SkyBox::LEFT] = Resources::skybox_left_tex;

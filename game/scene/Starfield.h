@@ -52,7 +52,7 @@ public:
     static constexpr float kSkyTimeScale = 650000.0f;  // ms per radian of the sky camera's path
 
     vorlik::Texture* starTexture;  // Resources::star_tex; not owned. Null draws no stars
-    std::unique_ptr<Star[]> stars; // count records
+    std::unique_ptr<Star[]> stars; // count records, then one zeroed spare that is never drawn
     uint32_t count;                // the records in stars; never raised
     float parallax = 0.8f;         // a star at depth z moves parallax / z of the camera's move
     float minDepth = 1.0f;

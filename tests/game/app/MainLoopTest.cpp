@@ -14,6 +14,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
 using vorlik::Vorlik;
 
 namespace {
@@ -234,4 +239,31 @@ TEST_F(MainLoopKeys, TheMenuRunlevelIgnoresTheTitleKeys)
     runlevel = RUNLEVEL_MENU;
     tap(SDLK_RETURN);
     EXPECT_EQ(runlevel, RUNLEVEL_MENU);
+}
+
+TEST_F(MainLoopKeys, F1OnTenFramesWritesScreenshotsOneToTenOverwritingFilesOfThoseNames)
+{
+    char dir[] = "/tmp/kelvane-f1-XXXXXX";
+    ASSERT_NE(mkdtemp(dir), nullptr);
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(dir);
+    {
+        std::ofstream old("screenshot_3.bmp");
+        old << "an older file of the same name";
+    }
+    for (int i = 0; i < 10; ++i) {
+        tap(SDLK_F1);
+        frame(); // with the key up, so that the next frame sees a new press
+    }
+    for (int n = 1; n <= 10; ++n) {
+        const std::string name = "screenshot_" + std::to_string(n) + ".bmp";
+        std::ifstream shot(name, std::ios::binary);
+        char magic[2] = {};
+        shot.read(magic, 2);
+        EXPECT_TRUE(shot && magic[0] == 'B' && magic[1] == 'M') << name << " is not a BMP";
+    }
+    EXPECT_FALSE(std::filesystem::exists("screenshot_11.bmp"));
+    EXPECT_EQ(runlevel, RUNLEVEL_TITLE) << "F1 changes nothing else";
+    std::filesystem::current_path(before);
+    std::filesystem::remove_all(dir);
 }

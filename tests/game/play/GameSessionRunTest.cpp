@@ -7,12 +7,16 @@
 #include "play/GameSession.h"
 
 #include "GameScenesTest.h"
+#include "base/Resources.h"
 #include "math/scalar.h"
 #include "platform/Vorlik.h"
 #include "play/Enemy.h"
 #include "play/EnemyPlasma.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
+#include "hud/HUD_RadarBox.h"
+#include "hud/HUD_ScoreBox.h"
+#include "hud/HUD_WeaponBox.h"
 #include "hud/Reticle.h"
 #include "hud/ScoreCounter.h"
 #include "player/Player.h"
@@ -22,6 +26,7 @@
 #include "scene/Text.h"
 
 #include <gtest/gtest.h>
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -53,8 +58,9 @@ protected:
     void mouseAt(int x, int y) { input->mouseAt(x, y); }
 
     // One frame as the main loop runs it: the snapshot and clock of endFrame, then the session.
-    // Checks what must hold after every frame: the camera leads the ship by 0.3 of its drift
-    // and zooms out with it, and the stars moved by the camera's step with the seam corrected.
+    // Checks what must hold after every frame: the camera leads the ship by 0.3 of its drift,
+    // off by no more than a running shake's strength, and zooms out with the drift, and the
+    // stars moved by the camera's step with the seam corrected.
     void frame()
     {
         const vec2 cameraBefore(g_world->camera.x, g_world->camera.y);
@@ -67,8 +73,10 @@ protected:
         ++frames;
 
         const vec2 lead = player->position + player->drift * 0.3f;
-        ASSERT_FLOAT_EQ(g_world->camera.x, lead.x) << "frame " << frames;
-        ASSERT_FLOAT_EQ(g_world->camera.y, lead.y) << "frame " << frames;
+        shakeSeen = vec2(g_world->camera.x, g_world->camera.y) - lead;
+        const float reach = shakeStrengthNow() + 1e-3f;
+        ASSERT_NEAR(g_world->camera.x, lead.x, reach) << "frame " << frames;
+        ASSERT_NEAR(g_world->camera.y, lead.y, reach) << "frame " << frames;
         ASSERT_FLOAT_EQ(g_world->camera.zoom, 1.0f - player->drift.length() / player->driftLimit * 0.2f);
         const vec2 cameraAfter(g_world->camera.x, g_world->camera.y);
         vec2 d = cameraAfter - cameraBefore;
@@ -87,6 +95,15 @@ protected:
             ASSERT_LT(std::fabs(d.x), 200.0f) << "a seam crossing moved the stars by a world";
             ASSERT_LT(std::fabs(d.y), 200.0f) << "a seam crossing moved the stars by a world";
         }
+    }
+    // How far a running shake may move the camera off its lead on each axis now: its strength
+    // falls linearly to 0 at its end.
+    float shakeStrengthNow() const
+    {
+        const float t = static_cast<float>(Vorlik::currentTime);
+        if (!(t < g_game->shakeEnd)) return 0.0f;
+        const float left = (g_game->shakeEnd - t) / (g_game->shakeEnd - g_game->shakeStart);
+        return g_game->shakeStrength * left;
     }
     // Every ship of the waves wanders without seeing, shooting or dropping anything.
     static void disarmEnemies()
@@ -166,6 +183,7 @@ protected:
     }
 
     Player* player = nullptr;
+    vec2 shakeSeen; // the camera's offset from its lead after the last frame
     int frames = 0;
 };
 
@@ -232,6 +250,9 @@ TEST_F(GameSessionRun, TwoMinutesOfFlightFireDeathsAndGameOver)
     EXPECT_EQ(g_game->gameOverEnd, over + 1500);
     EXPECT_EQ(g_game->gameOverText->parent, static_cast<Container*>(g_hud));
     EXPECT_STREQ(g_game->gameOverText->text.data, "Game Over");
+    EXPECT_EQ(g_game->gameOverText->font, Resources::font_big);
+    EXPECT_EQ(g_game->gameOverText->anchor, vorlik::vec3(0, 0, 0)) << "centred on its position";
+    EXPECT_EQ(g_game->gameOverText->position, vorlik::vec3(640, 288, 0));
     while (now() < over + 750) frame();
     EXPECT_NEAR(g_game->gameOverText->color[3], 0.5f, 0.02f);
     while (now() < over + 1500) frame();
@@ -277,6 +298,48 @@ TEST_F(GameSessionRun, StartPutsTheShipAtTheCentreWithItsGunsAndTheHudInTheirSce
     // On the HUD: the three boxes, the reticle, the energy line, then the score over its panel.
     EXPECT_EQ(g_hud->count, 6u);
     EXPECT_EQ(g_hud->last, g_game->scoreCounter->drawable);
+}
+
+TEST_F(GameSessionRun, StartBuildsTheHudBoxesThenTheReticleThenTheShipsEnergyLineThenTheScore)
+{
+    const Drawable* expected[] = {g_game->scoreBox, g_game->weaponBox,  g_game->radarBox,
+                                  g_game->reticle,  player->energyText, g_game->scoreCounter->text};
+    const Drawable* child = g_hud->first;
+    for (const Drawable* want : expected) {
+        ASSERT_NE(child, nullptr);
+        EXPECT_EQ(child, want);
+        child = child->next;
+    }
+    EXPECT_EQ(child, nullptr);
+    // The counters stay with their boxes: the score box's rolls in the actors' walk, the weapon
+    // box's third is the reserve's.
+    EXPECT_EQ(g_game->scoreCounter, g_game->scoreBox->counter);
+    EXPECT_EQ(g_game->actors[0], static_cast<Actor*>(g_game->scoreCounter));
+    EXPECT_EQ(g_game->reserveCounter, g_game->weaponBox->counters[2]);
+    EXPECT_EQ(g_game->scoreCounter->position.x, 15.0f);
+    EXPECT_EQ(g_game->scoreCounter->position.y, 12.0f);
+    EXPECT_EQ(g_game->scoreCounter->value, 0);
+    EXPECT_EQ(g_game->scoreCounter->shownFrom, 0);
+    EXPECT_EQ(g_game->scoreCounter->rollStart, 0u);
+    EXPECT_EQ(g_game->scoreCounter->rollEnd, 0u);
+}
+
+TEST_F(GameSessionRun, AShakeThrowsTheCameraOffItsLeadLessAndLessAndTheStarsFollowTheShakenCamera)
+{
+    run(200);
+    g_game->shake(1000, 50);
+    float early = 0, late = 0;
+    // frame() checks each shaken frame: the camera within the shake's falling strength of its
+    // lead, and the stars moved by the shaken camera's step.
+    for (uint32_t t = 0; t < 1000; t += kFrameMs) {
+        frame();
+        const float off = std::max(std::fabs(shakeSeen.x), std::fabs(shakeSeen.y));
+        (t < 300 ? early : late) = std::max(t < 300 ? early : late, off);
+    }
+    EXPECT_GT(early, 25.0f) << "a fresh shake of strength 50 throws the camera well off its lead";
+    EXPECT_LT(late, early);
+    frame();
+    EXPECT_EQ(shakeSeen, vec2(0, 0)) << "after the shake the camera is back on its lead";
 }
 
 } // namespace

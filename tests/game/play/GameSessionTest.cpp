@@ -3,6 +3,9 @@
 #include "base/GameRandom.h"
 #include "platform/Vorlik.h"
 #include "player/TextIndicator.h"
+#include "scene/ParticleSlice.h"
+#include "scene/ParticleSystem.h"
+#include "scene/Starfield.h"
 #include "scene/Text.h"
 
 #include <gtest/gtest.h>
@@ -58,6 +61,21 @@ TEST_F(GameSessionTest, StartsBeforeTheFirstWaveWithThreeLivesAndNothingListed)
         EXPECT_EQ(count, 0u);
     EXPECT_EQ(session.actors.capacity, 128u);
     EXPECT_STREQ(session.gameOverText->text.data, "Game Over");
+}
+
+TEST_F(GameSessionTest, HoldsItsParticleSystemsTheExplosionSliceAndFiveHundredTwelveStars)
+{
+    for (uint32_t capacity : {session.actors.capacity, session.enemies.capacity, session.friends.capacity,
+                              session.others.capacity, session.powerups.capacity})
+        EXPECT_EQ(capacity, 128u);
+    EXPECT_EQ(session.sparkParticles->capacity, 1024u);
+    EXPECT_EQ(session.explosionParticles->capacity, 4096u);
+    EXPECT_EQ(session.explosionParticles->spareSetting, 1u);
+    EXPECT_EQ(session.explosionSlice->system, session.explosionParticles);
+    EXPECT_EQ(session.explosionSlice->removeWhenEmpty, 1);
+    EXPECT_EQ(session.explosionSlice->deleteWhenEmpty, 0);
+    EXPECT_EQ(session.starfield->count, 512u);
+    EXPECT_EQ(session.gameOverText->parent, nullptr) << "shown only at game over";
 }
 
 TEST_F(GameSessionTest, AWaveLastsNinetySecondsPlusTenMillisecondsPerWavePlayed)

@@ -2,18 +2,21 @@
 
 #include "GameScenesTest.h"
 #include "base/GameRandom.h"
+#include "core/Random.h"
 #include "platform/Vorlik.h"
 #include "play/GameSession.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
 #include "player/TextIndicator.h"
 #include "scene/Group.h"
+#include "scene/Particle.h"
 #include "scene/ParticleEmitter.h"
 #include "scene/ParticleSlice.h"
 #include "scene/Sprite.h"
 #include "scene/Text.h"
 
 #include <gtest/gtest.h>
+#include <algorithm>
 #include <cmath>
 
 using vorlik::Vorlik;
@@ -171,6 +174,18 @@ TEST_F(PlayerTest, FiringNeedsEnergyStrictlyAboveTheWeaponsPower)
     EXPECT_FLOAT_EQ(player->energy, 0.5f);
 }
 
+TEST_F(PlayerTest, TheLaserTooNeedsEnergyStrictlyAboveItsPower)
+{
+    player->energyRegen = 0;
+    player->energy = 8;
+    button(3, true);
+    frame();
+    EXPECT_EQ(player->energy, 8);
+    player->energy = 8.5f;
+    frame(300);
+    EXPECT_FLOAT_EQ(player->energy, 0.5f);
+}
+
 TEST_F(PlayerTest, DamageThatTakesTheHullToExactlyZeroKills)
 {
     EXPECT_TRUE(player->damage(100));
@@ -239,6 +254,52 @@ TEST_F(PlayerTest, ADeathBurstsSevenHundredSixtyEightParticlesDrawnOverTheWreck)
     EXPECT_EQ(g_world->last, static_cast<Drawable*>(g_game->explosionSlice));
     EXPECT_EQ(player->scale, 0.0f);
     EXPECT_EQ(player->velocity, vec2(0, 0));
+}
+
+TEST_F(PlayerTest, ADeathIsABlueVioletFlashOf256ThenALongOrangeFireOf512)
+{
+    constexpr unsigned kSeed = 4242;
+    const float r = player->radius;
+    g_game->lives = 0; // no respawn point to draw after the bursts
+    g_rand.seed(kSeed);
+    vorlik::Random replay(kSeed);
+    // Each burst draws its speed, then its second time, then its first.
+    replay.range(9.0f * r, 12.0f * r);
+    const int32_t flashLongest = replay.range(2899, 3124);
+    const int32_t flashShortest = replay.range(1233, 1654);
+    replay.range(9.0f * r, 12.0f * r);
+    const int32_t fireLongest = replay.range(5622, 6233);
+    const int32_t fireShortest = replay.range(500, 599);
+    const float nextDraw = replay.range(0.0f, 1.0f);
+
+    player->die();
+    EXPECT_FLOAT_EQ(g_rand.range(0.0f, 1.0f), nextDraw) << "three draws a burst, nothing else";
+
+    struct Burst {
+        uint32_t count;
+        int32_t shortest, longest;
+        vorlik::vec4 colorA, colorB;
+        float scatter;
+    };
+    const Burst bursts[2] = {
+        {256, flashShortest, flashLongest, {0.1f, 0.1f, 0.7f, 0.87f}, {0.2f, 0.1f, 0.9f, 1.0f}, 1.43f * r},
+        {512, fireShortest, fireLongest, {0.6f, 0.2f, 0.05f, 1.0f}, {0.9f, 0.3f, 0.1f, 1.0f}, 1.22f * r},
+    };
+    const Particle* p = g_game->explosionSlice->first; // oldest first: the flash, then the fire
+    for (const Burst& burst : bursts) {
+        for (uint32_t i = 0; i < burst.count; ++i, p = p->next) {
+            ASSERT_NE(p, nullptr);
+            const uint32_t life = p->death - p->birth;
+            EXPECT_GE(life, static_cast<uint32_t>(burst.shortest));
+            EXPECT_LT(life, static_cast<uint32_t>(burst.longest));
+            for (int c = 0; c < 4; ++c) {
+                EXPECT_GE(p->color[c], std::min(burst.colorA[c], burst.colorB[c]) - 1e-6f);
+                EXPECT_LE(p->color[c], std::max(burst.colorA[c], burst.colorB[c]) + 1e-6f);
+            }
+            EXPECT_LE(vorlik::distance(p->start, vec2(2048, 2048)), burst.scatter + 1e-3f);
+        }
+    }
+    EXPECT_EQ(p, nullptr);
 }
 
 TEST_F(PlayerTest, TheLastDeathTakesTheShipOutOfTheGame)

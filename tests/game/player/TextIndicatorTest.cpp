@@ -173,8 +173,9 @@ TEST_F(NoticeTest, AHudNoticeIsWhiteAndHalfAsLargeAgainOnTheHud)
     EXPECT_EQ(g_world->count, 0u);
     EXPECT_EQ(notice->scale, 1.5f);
     EXPECT_EQ(notice->text->fontHeight, 16.0f);
-    EXPECT_EQ(notice->text->color[1], 1.0f);
-    EXPECT_EQ(notice->text->color[2], 1.0f);
+    for (int c = 0; c < 4; ++c) EXPECT_EQ(notice->text->color[c], 1.0f) << "channel " << c;
+    EXPECT_EQ(notice->text->font, Resources::font_medium);
+    EXPECT_EQ(notice->text->anchor, vorlik::vec3(0, 0, 0)) << "centred on its position";
     EXPECT_EQ(notice->text->position, vorlik::vec3(640, 288, 0));
     EXPECT_EQ(g_game->actors[0], notice);
 }
