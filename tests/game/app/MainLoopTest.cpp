@@ -4,6 +4,8 @@
 #include "app/MainLoop.h"
 
 #include "GameScenesTest.h"
+#include "WorkingDirectory.h"
+#include "app/Music.h"
 #include "app/Runlevel.h"
 #include "app/TitleScreen.h"
 #include "hud/ScoreCounter.h"
@@ -12,10 +14,10 @@
 #include "scene/Fader.h"
 #include "scene/Starfield.h"
 
+#include <SDL_mixer.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
+#include <cstdio>
 #include <fstream>
 #include <string>
 
@@ -243,27 +245,48 @@ TEST_F(MainLoopKeys, TheMenuRunlevelIgnoresTheTitleKeys)
 
 TEST_F(MainLoopKeys, F1OnTenFramesWritesScreenshotsOneToTenOverwritingFilesOfThoseNames)
 {
-    char dir[] = "/tmp/kelvane-f1-XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(dir);
+    EmptyDirectory empty;
     {
-        std::ofstream old("screenshot_3.bmp");
-        old << "an older file of the same name";
+        WorkingDirectory there(empty.path);
+        {
+            std::ofstream old("screenshot_3.bmp");
+            old << "an older file of the same name";
+        }
+        for (int i = 0; i < 10; ++i) {
+            tap(SDLK_F1);
+            frame(); // with the key up, so that the next frame sees a new press
+        }
+        for (int n = 1; n <= 10; ++n) {
+            const std::string name = "screenshot_" + std::to_string(n) + ".bmp";
+            std::ifstream shot(name, std::ios::binary);
+            char magic[2] = {};
+            shot.read(magic, 2);
+            EXPECT_TRUE(shot && magic[0] == 'B' && magic[1] == 'M') << name << " is not a BMP";
+            std::remove(name.c_str());
+        }
+        EXPECT_FALSE(std::ifstream("screenshot_11.bmp").good());
     }
-    for (int i = 0; i < 10; ++i) {
-        tap(SDLK_F1);
-        frame(); // with the key up, so that the next frame sees a new press
-    }
-    for (int n = 1; n <= 10; ++n) {
-        const std::string name = "screenshot_" + std::to_string(n) + ".bmp";
-        std::ifstream shot(name, std::ios::binary);
-        char magic[2] = {};
-        shot.read(magic, 2);
-        EXPECT_TRUE(shot && magic[0] == 'B' && magic[1] == 'M') << name << " is not a BMP";
-    }
-    EXPECT_FALSE(std::filesystem::exists("screenshot_11.bmp"));
     EXPECT_EQ(runlevel, RUNLEVEL_TITLE) << "F1 changes nothing else";
-    std::filesystem::current_path(before);
-    std::filesystem::remove_all(dir);
+}
+
+TEST_F(MainLoopKeys, EnteringTheGamePlaysTheMusicAndEscapeFadesItOut)
+{
+    {
+        WorkingDirectory there(KELVANE_RUN_DIR);
+        loadMusic();
+    }
+    ASSERT_NE(music, nullptr) << Mix_GetError();
+    tap(SDLK_RETURN);
+    finishFade();
+    ASSERT_EQ(runlevel, RUNLEVEL_GAME);
+    EXPECT_EQ(Mix_PlayingMusic(), 1);
+    EXPECT_EQ(Mix_FadingMusic(), MIX_NO_FADING);
+    tap(SDLK_ESCAPE);
+    EXPECT_EQ(Mix_FadingMusic(), MIX_FADING_OUT);
+
+    Mix_HaltMusic();
+    Mix_FreeMusic(music);
+    music = nullptr;
+    Mix_CloseAudio();
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }

@@ -76,6 +76,11 @@ TEST_F(MainMenuLayout, PlacesTheLogoCursorAndEntriesAndFlashesWhite)
     EXPECT_FLOAT_EQ(menu.logo->position.y, 720 * 0.32f);
     EXPECT_EQ(menu.cursor->size.x, 38);
     EXPECT_EQ(menu.cursor->size.y, 38);
+    // The cursor's (0.25, 1, 0.25, 1) goes into its byte colour unscaled, truncated: 0, 1, 0, 1.
+    EXPECT_EQ(menu.cursor->color.r, 0);
+    EXPECT_EQ(menu.cursor->color.g, 1);
+    EXPECT_EQ(menu.cursor->color.b, 0);
+    EXPECT_EQ(menu.cursor->color.a, 1);
     for (int i = 0; i < MainMenu::kItemCount; ++i) {
         EXPECT_EQ(menu.items[i]->position.x, 400) << i;
         EXPECT_EQ(menu.items[i]->position.y, 350 + 40 * i) << i;

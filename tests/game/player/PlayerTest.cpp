@@ -2,16 +2,20 @@
 
 #include "GameScenesTest.h"
 #include "base/GameRandom.h"
+#include "base/Resources.h"
 #include "core/Random.h"
 #include "platform/Vorlik.h"
 #include "play/GameSession.h"
 #include "play/Laser.h"
 #include "play/Plasma.h"
+#include "player/ShipMotion.h"
 #include "player/TextIndicator.h"
 #include "scene/Group.h"
 #include "scene/Particle.h"
 #include "scene/ParticleEmitter.h"
 #include "scene/ParticleSlice.h"
+#include "scene/ParticleSystem.h"
+#include "scene/Scene2D.h"
 #include "scene/Sprite.h"
 #include "scene/Text.h"
 
@@ -73,6 +77,76 @@ TEST_F(PlayerTest, AFreshShipHasMoreHullThanARepairGivesBack)
     EXPECT_EQ(player->glowBottom->blendMode(), BLEND_ADDITIVE);
     EXPECT_EQ(player->glowBottom->color.a, 107);
     EXPECT_EQ(player->laser->colour[3], 224);
+}
+
+TEST_F(PlayerTest, ItsLayersAreSizedAndTexturedAndItsEnergyLineSitsTopLeftOnTheHud)
+{
+    EXPECT_EQ(player->hullBottom->size.x, 64.0f);
+    EXPECT_EQ(player->hullMiddle->size.x, 64.0f);
+    EXPECT_EQ(player->hullTop->size.x, 64.0f);
+    EXPECT_EQ(player->glowBottom->size.x, 60.0f);
+    EXPECT_EQ(player->glowTop->size.x, 72.0f);
+    EXPECT_EQ(player->glowTop->blendMode(), BLEND_ADDITIVE);
+    EXPECT_EQ(player->hullBottom->texture, Resources::player_bot_tex);
+    EXPECT_EQ(player->hullMiddle->texture, Resources::player_mid_tex);
+    EXPECT_EQ(player->hullTop->texture, Resources::player_top_tex);
+    EXPECT_EQ(player->glowBottom->texture, Resources::player_bot_glow_tex);
+    EXPECT_EQ(player->glowTop->texture, Resources::player_top_glow_tex);
+    // Drawn bottom hull, its glow, middle hull, top hull, top glow.
+    const Drawable* order[] = {player->hullBottom, player->glowBottom, player->hullMiddle, player->hullTop,
+                               player->glowTop};
+    const Drawable* layer = player->shipGroup->first;
+    for (const Drawable* want : order) {
+        EXPECT_EQ(layer, want);
+        layer = layer != nullptr ? layer->next : nullptr;
+    }
+    EXPECT_EQ(player->laser->colour[0], 76);
+    EXPECT_EQ(player->laser->colour[1], 76);
+    EXPECT_EQ(player->laser->colour[2], 255);
+    EXPECT_EQ(player->exhaust->capacity, 256u);
+    EXPECT_EQ(player->exhaust->spareSetting, 512u);
+    EXPECT_EQ(player->exhaust->texture, Resources::proc_particle0_tex);
+    EXPECT_EQ(player->thrustCost, 25.0f);
+    EXPECT_EQ(player->energyRegen, 35.0f);
+    EXPECT_EQ(player->energyText->font, Resources::font_big);
+    EXPECT_EQ(player->energyText->fontHeight, 15.0f);
+    EXPECT_EQ(player->energyText->position, vorlik::vec3(5, 25, 0));
+    EXPECT_EQ(player->energyText->parent, static_cast<Container*>(g_hud));
+    EXPECT_STREQ(player->energyText->text.data, "Energy: 350");
+}
+
+TEST_F(PlayerTest, TheShipIsDrawnWhereItWasAFrameAgoWithTheGlowsOfThisFrame)
+{
+    player->velocity = vec2(100, 0);
+    player->rotation = 30;
+    frame();
+    // The group took the place before the move, the scale and the turn.
+    EXPECT_EQ(player->shipGroup->position, vorlik::vec3(2048, 2048, 0));
+    EXPECT_EQ(player->shipGroup->scale, player->scale);
+    EXPECT_EQ(player->shipGroup->rotation, 30.0f);
+    EXPECT_GT(player->position.x, 2048.0f);
+    const int32_t top = topGlowAlpha(player->energy, player->maxEnergy, Vorlik::currentTime);
+    EXPECT_EQ(player->glowTop->color.a, top);
+    EXPECT_EQ(player->glowBottom->color.a, bottomGlowAlpha(top));
+    EXPECT_TRUE((player->shipGroup->flags & DRAW_BOUNDS_DIRTY) != 0) << "the group is measured again";
+}
+
+TEST_F(PlayerTest, ABoltLeavesTowardTheMouseAsTheWorldCameraSeesIt)
+{
+    g_world->camera.x = 2048;
+    g_world->camera.y = 2048;
+    g_world->render(); // the camera as drawn is what the aim reads
+    mouseAt(Vorlik::getWidth() / 2 + 300, Vorlik::getHeight() / 2 - 300);
+    button(1, true);
+    frame();
+    const vec2 target = g_world->windowToWorld(static_cast<float>(Vorlik::getWidth() / 2 + 300),
+                                               static_cast<float>(Vorlik::getHeight() / 2 - 300));
+    const vec2 along = (target - vec2(2048, 2048)).normalized();
+    const auto& bolt = player->plasma->shots[player->plasma->ringIndex];
+    EXPECT_NEAR(bolt.velocity.x, along.x * 750, 1e-2);
+    EXPECT_NEAR(bolt.velocity.y, along.y * 750, 1e-2);
+    EXPECT_GT(along.x, 0.0f);
+    EXPECT_LT(along.y, 0.0f) << "up the window is up the world";
 }
 
 TEST_F(PlayerTest, EnergyRegrowsThirtyFivePerSecondUpToItsCapAndShowsInTheText)
@@ -242,6 +316,44 @@ TEST_F(PlayerTest, DamageDuringTheSecondAfterARespawnIsIgnored)
     EXPECT_EQ(player->hull, 125);
     frame(501);
     EXPECT_FALSE(player->damage(1000));
+}
+
+TEST_F(PlayerTest, WhileGrowingInTheShipTakesNoControl)
+{
+    player->deathTime = 1;
+    player->returnTime = 2;
+    player->respawn();
+    key('d', true);
+    button(1, true);
+    button(3, true);
+    frame(500);
+    EXPECT_EQ(player->velocity, vec2(0, 0));
+    EXPECT_EQ(player->energy, 350.0f) << "no thrust paid, no shot fired";
+    EXPECT_EQ(player->exhaustEmitter->rate, 0u);
+}
+
+TEST_F(PlayerTest, AtTheReturnTimeTheShipIsPutOnItsRespawnPoint)
+{
+    player->position = vec2(1000, 1000);
+    player->die();
+    const vec2 point = player->respawnPosition;
+    Vorlik::currentTime = static_cast<uint32_t>(player->returnTime);
+    frame();
+    // Placed on the point (wrapped into the world), then it moves no more while growing in.
+    const vec2 wrapped(std::fmod(point.x + 4096, 4096.0f), std::fmod(point.y + 4096, 4096.0f));
+    EXPECT_NEAR(player->position.x, wrapped.x, 1e-3);
+    EXPECT_NEAR(player->position.y, wrapped.y, 1e-3);
+    EXPECT_EQ(player->deathTime, 0.0f);
+}
+
+TEST_F(PlayerTest, ARespawnWithEqualDeathAndReturnTimesOnlyRestoresTheShip)
+{
+    g_game->friends.count = 0;
+    player->deathTime = player->returnTime = 0;
+    player->respawn();
+    EXPECT_EQ(player->hull, 125.0f);
+    EXPECT_EQ(g_game->lives, 2);
+    EXPECT_EQ(g_game->friends.count, 0u) << "not listed again";
 }
 
 TEST_F(PlayerTest, ADeathBurstsSevenHundredSixtyEightParticlesDrawnOverTheWreck)
