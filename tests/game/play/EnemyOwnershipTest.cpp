@@ -86,6 +86,8 @@ TEST_F(EnemyOwnershipTest, AShipDeletedWhileItsBoltsFlyAndItsSparksLiveLeavesNot
     prey->drawable = &preyHull;
     world.add(&preyHull);
     EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(1300, 1000));
+    world.add(ship->gun); // where a wave puts it: drawn in the world
+    const Drawable* gun = ship->gun;
     ship->gun->fireRate = Gun::kEveryCall; // a bolt every frame: some hit, some fly
     std::set<const ParticleSlice*> sparking;
     for (int frame = 0; frame < 60; ++frame) {
@@ -104,6 +106,7 @@ TEST_F(EnemyOwnershipTest, AShipDeletedWhileItsBoltsFlyAndItsSparksLiveLeavesNot
     ship->dropChance = 0.0f;
     ship->explode(); // the ship, its gun, its bolts and its slices are gone
 
+    EXPECT_FALSE(hasChild(world, gun)) << "the gun left the world with its bolts";
     ParticleSystem& sparks = *g_game->sparkParticles;
     for (const ParticleSlice* slice : slices) {
         EXPECT_EQ(recordsOf(sparks, slice), 0u) << "a spark still names a deleted slice";

@@ -126,7 +126,7 @@ TEST_F(EnemyTest, AShipNearTheRightEdgeHuntsAFriendNearTheLeftEdgeAcrossTheSeam)
 
 TEST_F(EnemyTest, TheLastImageInSightWinsWhenNoneIsInFiringRange)
 {
-    // Out of firing range, but in sight, through the images (x, y) and (x, y - H): the later
+    // Out of firing range, but in sight, through the images (x, y) and (x, y + H): the later
     // image in the fixed order wins.
     friendAt(vec2(2000, 300));
     EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(2000, 2200));
@@ -223,6 +223,124 @@ TEST_F(EnemyTest, ANewShipFarFromEveryFriendKeepsItsFirstTry)
     // 2000 away along x, in plain (not wrapped) distance.
     friendAt(first + vec2(first.x < 2048.0f ? 2000.0f : -2000.0f, 0.0f));
     EXPECT_EQ(Enemy::safeSpot(g_game->friends), first);
+}
+
+TEST_F(EnemyTest, TheSafeSpotMeasuresPlainDistancesNotDistancesThroughTheSeam)
+{
+    vorlik::Random replay(kSeed);
+    const float x = replay.range(0.0f, kWorldWidth);
+    const vec2 first(x, replay.range(0.0f, kWorldHeight));
+    // 3500 away in plain distance, but only 596 through the seam.
+    friendAt(vec2(first.x < 2048.0f ? first.x + 3500.0f : first.x - 3500.0f, first.y));
+    EXPECT_EQ(Enemy::safeSpot(g_game->friends), first);
+}
+
+TEST_F(EnemyTest, TheSafeSpotTakesTheNearestOfAllFriends)
+{
+    vorlik::Random replay(kSeed);
+    vec2 tries[5];
+    for (vec2& t : tries) {
+        const float x = replay.range(0.0f, kWorldWidth);
+        t = vec2(x, replay.range(0.0f, kWorldHeight));
+    }
+    friendAt(tries[0] + vec2(tries[0].x < 2048.0f ? 2000.0f : -2000.0f, 0.0f)); // far enough
+    friendAt(tries[0] + vec2(0.0f, tries[0].y < 2048.0f ? 500.0f : -500.0f));   // too near
+    EXPECT_EQ(Enemy::safeSpot(g_game->friends), tries[4]);
+}
+
+TEST_F(EnemyTest, TheSafeSpotStopsAtExactly1024AndNotJustUnder)
+{
+    vorlik::Random replay(kSeed);
+    vec2 tries[5];
+    for (vec2& t : tries) {
+        const float x = replay.range(0.0f, kWorldWidth);
+        t = vec2(x, replay.range(0.0f, kWorldHeight));
+    }
+    const float side = tries[0].x < 2048.0f ? 1.0f : -1.0f;
+    // The nearest friend position along x whose distance, as the code measures it, is 1024.
+    Friend* f = friendAt(tries[0] + vec2(side * 1024.0f, 0.0f));
+    while (vorlik::distance(tries[0], f->position) < 1024.0f)
+        f->position.x = std::nextafter(f->position.x, side * 1e9f);
+    EXPECT_EQ(Enemy::safeSpot(g_game->friends), tries[0]);
+    f->position = tries[0] + vec2(side * 1023.5f, 0.0f);
+    g_rand.seed(kSeed);
+    EXPECT_EQ(Enemy::safeSpot(g_game->friends), tries[4]);
+}
+
+TEST_F(EnemyTest, ALaterFriendInSightTakesOverTheTargetWhenNoneIsInFiringRange)
+{
+    friendAt(vec2(1000, 2000));          // 1000 away: in sight (3000), out of firing range (800)
+    Friend* later = friendAt(vec2(1000, 200)); // 800 away the other way, also out of range
+    EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(1000, 1000));
+    ship->update();
+    EXPECT_EQ(ship->target, later->position);
+    EXPECT_EQ(ship->gun->lastShot, 0.0f);
+}
+
+TEST_F(EnemyTest, TheFirstFriendInFiringRangeIsShotAndTheScanEndsThere)
+{
+    Friend* first = friendAt(vec2(1500, 1000));   // 500 away: in firing range
+    friendAt(vec2(1000, 1600));                   // in range too, but listed later
+    EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(1000, 1000));
+    ship->update();
+    EXPECT_EQ(ship->target, first->position);
+    EXPECT_EQ(ship->gun->lastShot, static_cast<float>(kStart));
+}
+
+TEST_F(EnemyTest, AShipThatFiredKeepsItsFriendAsTargetEvenWithinItsOwnRadius)
+{
+    Friend* prey = friendAt(vec2(1010, 1000)); // inside the fighter's radius
+    EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(1000, 1000));
+    ship->update();
+    EXPECT_EQ(ship->target, prey->position) << "no new waypoint in a frame that fired";
+}
+
+TEST_F(EnemyTest, ABoltLeavesTowardTheTargetAndFliesOnWithTheGun)
+{
+    friendAt(vec2(1500, 1300));
+    EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(1000, 1000));
+    ship->update();
+    const auto& bolt = ship->gun->shots[ship->gun->ringIndex];
+    ASSERT_GT(bolt.dies, kStart);
+    const vec2 along = vec2(500, 300).normalized();
+    EXPECT_NEAR(bolt.velocity.x, along.x * ship->gun->speed, 1e-3);
+    EXPECT_NEAR(bolt.velocity.y, along.y * ship->gun->speed, 1e-3);
+    const vec2 launched = bolt.position;
+    advance(kFrame);
+    ship->update();
+    EXPECT_NEAR(bolt.position.x, launched.x + bolt.velocity.x * 0.01f, 1e-3) << "the ship's update moves its bolts";
+    EXPECT_NEAR(bolt.position.y, launched.y + bolt.velocity.y * 0.01f, 1e-3);
+}
+
+TEST_F(EnemyTest, TheGunFollowsTheShipUnwrappedWhileTheShipWrapsOverTheEdge)
+{
+    EnemyShip* ship = shipAt(ENEMY_FIGHTER, vec2(4095.9f, 1000));
+    ship->target = vec2(6000, 1000);
+    ship->velocity = vec2(ship->topSpeed, 0);
+    ship->update();
+    const float moved = 4095.9f + ship->velocity.x * 0.01f;
+    EXPECT_NEAR(ship->gun->position.x, moved, 1e-3) << "placed before the wrap";
+    EXPECT_NEAR(ship->position.x, moved - kWorldWidth, 1e-3);
+    EXPECT_EQ(ship->gun->position.z, 0.0f);
+}
+
+TEST_F(EnemyTest, ABareEnemyStartsWithTheBaseNumbersAndARespawnGivesIt25HitPointsAnd100Points)
+{
+    Enemy ship;
+    EXPECT_EQ(ship.radius, 100.0f);
+    EXPECT_EQ(ship.topSpeed, 50.0f);
+    EXPECT_EQ(ship.hitPoints, 0.0f);
+    EXPECT_EQ(ship.scoreValue, 100);
+    EXPECT_EQ(ship.sightRange, 800.0f);
+    EXPECT_EQ(ship.fireRange, 800.0f);
+    EXPECT_EQ(ship.acceleration, 1.0f);
+    EXPECT_EQ(ship.dropChance, 0.0f);
+    EXPECT_EQ(ship.target, vec2(0, 0));
+    EXPECT_EQ(ship.velocity, vec2(0, 0));
+    ship.scoreValue = 7;
+    ship.respawn();
+    EXPECT_EQ(ship.hitPoints, 25.0f);
+    EXPECT_EQ(ship.scoreValue, 100);
 }
 
 TEST_F(EnemyTest, AHitThatTakesHitPointsExactlyToZeroKills)

@@ -8,6 +8,7 @@
 #include "core/Random.h"
 #include "core/Stack.h"
 #include "math/mat2.h"
+#include "math/scalar.h"
 #include "math/vec2.h"
 #include "math/vec3.h"
 #include "math/vec4.h"
@@ -27,6 +28,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <initializer_list>
 #include <set>
 #include <vector>
@@ -149,6 +151,33 @@ struct ViewCopies {
         return m;
     }
 };
+
+// Checks one spark of a bolt's hit at `hit` whose spray points along `outward`: born within 1
+// of the hit point; its own travel (its way from start to end less its scatter, which the end
+// point gets once more) 5 to 85 long and within 30 degrees of outward; a life of 300 to 450 ms;
+// orange; 10 to 16 wide at birth and 4 to 6 at death.
+inline void expectBoltSpark(const Particle& p, vorlik::vec2 hit, vorlik::vec2 outward)
+{
+    const vorlik::vec2 scatter = p.start - hit;
+    EXPECT_LE(scatter.length(), 1.0f + 1e-4f);
+    const vorlik::vec2 travel = p.end - p.start - scatter;
+    EXPECT_GE(travel.length(), 5.0f - 1e-3f);
+    EXPECT_LE(travel.length(), 85.0f + 1e-3f);
+    const float cosine = travel.normalized().dot(outward.normalized());
+    EXPECT_GE(cosine, std::cos(vorlik::degreesToRadians(30.0f)) - 1e-4f) << "outside the 60 degree cone";
+    EXPECT_GE(p.death - p.birth, 300u);
+    EXPECT_LT(p.death - p.birth, 450u);
+    EXPECT_GE(p.color.x, 0.6f);
+    EXPECT_LE(p.color.x, 0.9f);
+    EXPECT_GE(p.color.y, 0.2f);
+    EXPECT_LE(p.color.y, 0.3f);
+    EXPECT_GE(p.color.z, 0.05f);
+    EXPECT_LE(p.color.z, 0.1f);
+    EXPECT_GE(p.sizeStart, 10.0f);
+    EXPECT_LE(p.sizeStart, 16.0f);
+    EXPECT_GE(p.sizeEnd, 4.0f);
+    EXPECT_LE(p.sizeEnd, 6.0f);
+}
 
 // A session in g_game (so the guns find their spark system and their targets), the clock at
 // kStart with 10 ms frames, and g_rand seeded with kSeed once the session is made. Guns made

@@ -5,6 +5,7 @@
 
 #include "PowerupFixture.h"
 #include "base/GameRandom.h"
+#include "core/Random.h"
 #include "hud/ScoreCounter.h"
 #include "play/EnemyTypes.h"
 
@@ -141,6 +142,22 @@ TEST_F(MegaNukeTest, FlashesTheWindowWhiteAndShakesTheCameraForTheSameTime)
     Vorlik::currentTime = start + flash;
     fader.updateAlpha();
     EXPECT_EQ(fader.alpha, 0.0f);
+}
+
+TEST_F(MegaNukeTest, TheFlashLengthIsDrawnAfterTheBlastRadiusAndTheExplosionsDraws)
+{
+    EnemyShip* ship = enemyAt(ENEMY_FIGHTER, kShipAt + vec2(50, 0));
+    ship->dropChance = 0.0f; // its draw is still made, but no token's draws follow it
+    const float r = ship->radius;
+    vorlik::Random replay(kSeed);
+    replay.range(720.0f, 820.0f);        // the radius
+    replay.range(9.0f * r, 12.0f * r);   // the explosion: speed, second time, first time
+    replay.range(1000, 1199);
+    replay.range(500, 599);
+    replay.range(0.0f, 1.0f);            // the drop's draw
+    const uint32_t flash = static_cast<uint32_t>(replay.range(950.0f, 1250.0f));
+    nuke();
+    EXPECT_EQ(fader.endTime - fader.startTime, flash);
 }
 
 TEST_F(MegaNukeTest, TheFlashLengthVariesOverSeedsWithinItsRange)
