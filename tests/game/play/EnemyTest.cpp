@@ -11,6 +11,7 @@
 #include "scene/ParticleSystem.h"
 #include "scene/Text.h"
 
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -23,6 +24,18 @@ TextIndicator* newestIndicator()
 {
     if (g_game->actors.count == 0) return nullptr;
     return dynamic_cast<TextIndicator*>(g_game->actors[g_game->actors.count - 1]);
+}
+
+// The five points safeSpot tries with g_rand at the fixture's seed: x, then y, for each.
+std::array<vec2, 5> safeSpotTries()
+{
+    vorlik::Random replay(EnemyTest::kSeed);
+    std::array<vec2, 5> tries;
+    for (vec2& t : tries) {
+        const float x = replay.range(0.0f, kWorldWidth);
+        t = vec2(x, replay.range(0.0f, kWorldHeight));
+    }
+    return tries;
 }
 
 } // namespace
@@ -205,21 +218,14 @@ TEST_F(EnemyTest, ANewShipIsPlacedWithItsGunAndGivenARandomWaypoint)
 
 TEST_F(EnemyTest, ANewShipWhoseFirstTryLandsFiveHundredFromTheShipIsPlacedAtItsFifthTry)
 {
-    vorlik::Random replay(kSeed);
-    vec2 tries[5];
-    for (vec2& t : tries) {
-        const float x = replay.range(0.0f, kWorldWidth);
-        t = vec2(x, replay.range(0.0f, kWorldHeight));
-    }
+    const std::array<vec2, 5> tries = safeSpotTries();
     friendAt(tries[0] + vec2(300, 400)); // 500 from the first try
     EXPECT_EQ(Enemy::safeSpot(g_game->friends), tries[4]);
 }
 
 TEST_F(EnemyTest, ANewShipFarFromEveryFriendKeepsItsFirstTry)
 {
-    vorlik::Random replay(kSeed);
-    const float x = replay.range(0.0f, kWorldWidth);
-    const vec2 first(x, replay.range(0.0f, kWorldHeight));
+    const vec2 first = safeSpotTries()[0];
     // 2000 away along x, in plain (not wrapped) distance.
     friendAt(first + vec2(first.x < 2048.0f ? 2000.0f : -2000.0f, 0.0f));
     EXPECT_EQ(Enemy::safeSpot(g_game->friends), first);
@@ -227,9 +233,7 @@ TEST_F(EnemyTest, ANewShipFarFromEveryFriendKeepsItsFirstTry)
 
 TEST_F(EnemyTest, TheSafeSpotMeasuresPlainDistancesNotDistancesThroughTheSeam)
 {
-    vorlik::Random replay(kSeed);
-    const float x = replay.range(0.0f, kWorldWidth);
-    const vec2 first(x, replay.range(0.0f, kWorldHeight));
+    const vec2 first = safeSpotTries()[0];
     // 3500 away in plain distance, but only 596 through the seam.
     friendAt(vec2(first.x < 2048.0f ? first.x + 3500.0f : first.x - 3500.0f, first.y));
     EXPECT_EQ(Enemy::safeSpot(g_game->friends), first);
@@ -237,12 +241,7 @@ TEST_F(EnemyTest, TheSafeSpotMeasuresPlainDistancesNotDistancesThroughTheSeam)
 
 TEST_F(EnemyTest, TheSafeSpotTakesTheNearestOfAllFriends)
 {
-    vorlik::Random replay(kSeed);
-    vec2 tries[5];
-    for (vec2& t : tries) {
-        const float x = replay.range(0.0f, kWorldWidth);
-        t = vec2(x, replay.range(0.0f, kWorldHeight));
-    }
+    const std::array<vec2, 5> tries = safeSpotTries();
     friendAt(tries[0] + vec2(tries[0].x < 2048.0f ? 2000.0f : -2000.0f, 0.0f)); // far enough
     friendAt(tries[0] + vec2(0.0f, tries[0].y < 2048.0f ? 500.0f : -500.0f));   // too near
     EXPECT_EQ(Enemy::safeSpot(g_game->friends), tries[4]);
@@ -250,12 +249,7 @@ TEST_F(EnemyTest, TheSafeSpotTakesTheNearestOfAllFriends)
 
 TEST_F(EnemyTest, TheSafeSpotStopsAtExactly1024AndNotJustUnder)
 {
-    vorlik::Random replay(kSeed);
-    vec2 tries[5];
-    for (vec2& t : tries) {
-        const float x = replay.range(0.0f, kWorldWidth);
-        t = vec2(x, replay.range(0.0f, kWorldHeight));
-    }
+    const std::array<vec2, 5> tries = safeSpotTries();
     const float side = tries[0].x < 2048.0f ? 1.0f : -1.0f;
     // The nearest friend position along x whose distance, as the code measures it, is 1024.
     Friend* f = friendAt(tries[0] + vec2(side * 1024.0f, 0.0f));
