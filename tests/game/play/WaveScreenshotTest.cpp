@@ -16,10 +16,15 @@
 #include "math/vec2.h"
 #include "platform/Vorlik.h"
 #include "play/Enemy.h"
+#include "play/EnemyPlasma.h"
+#include "play/Laser.h"
+#include "play/Plasma.h"
 #include "play/WorldGeometry.h"
 #include "player/Player.h"
 #include "scene/DirectScene2D.h"
+#include "scene/ParticleSystem.h"
 #include "scene/Scene2D.h"
+#include "scene/Starfield.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>
@@ -195,6 +200,25 @@ protected:
         }
     }
 };
+
+TEST_F(WaveScreenshotTest, TheGunsParticlesAndStarsWearTheGamesPictures)
+{
+    startWave(1);
+    const Player& craft = *g_game->player;
+    ASSERT_NE(Resources::plasmabullet_tex, nullptr);
+    EXPECT_EQ(craft.plasma->texture, Resources::plasmabullet_tex);
+    EXPECT_EQ(craft.laser->glowTexture, Resources::proc_particle1_tex);
+    EXPECT_EQ(craft.laser->endTexture, Resources::proc_particle1_tex);
+    EXPECT_EQ(craft.laser->beamTexture, Resources::laser_tex);
+    EXPECT_EQ(craft.exhaust->texture, Resources::proc_particle0_tex);
+    ASSERT_GT(g_game->enemies.count, 0u);
+    EXPECT_EQ(g_game->enemies[0]->gun->texture, Resources::plasmabullet_tex);
+    EXPECT_EQ(g_game->sparkParticles->texture, Resources::proc_particle0_tex);
+    EXPECT_EQ(g_game->explosionParticles->texture, Resources::proc_particle0_tex);
+    EXPECT_EQ(g_game->starfield->starTexture, Resources::star_tex);
+    EXPECT_NE(Resources::proc_particle0_tex, nullptr);
+    EXPECT_NE(Resources::proc_particle1_tex, nullptr);
+}
 
 TEST_F(WaveScreenshotTest, TheFirstWaveReachesTheCraftAndIsShotAt)
 {
