@@ -24,10 +24,9 @@ RETICLE_Y=360
 # The row of the shots from the ship to the reticle, either side of the reticle itself.
 SHOT_ROW_NEAR=240x32+740+344
 SHOT_ROW_FAR=220x32+1040+344
-# The beam's aim straight below the ship, clear of the notices above it, and part of its way,
-# short of the sparks that spray round the beam's end.
+# The beam's aim straight below the ship, clear of the notices above it; the beam is looked
+# for part of its way, short of the sparks that spray round its end.
 BEAM_END_Y=650
-BEAM_COLUMN=16x160+632+420
 # Either side of the centre, on the ship's row: where the ship is seen behind the camera.
 SHIP_LEFT=100x80+540+320
 SHIP_RIGHT=100x80+640+320
@@ -52,9 +51,11 @@ radar_showing() {
 press_key_until "$window" Return 10 radar_showing || fail "the game did not come in after Return"
 
 # The screenshots come first, while the first wave is still seconds away and the field holds
-# nothing but the ship, and the flight last, so that the guns fire from the centre; what they
-# show is checked after. The HUD once the fades are over:
-wait_until 10 watched_for "$WORK/radar.log" "$(scaled_ms 1.6)" || fail "the radar's corner was not watched for 1.6 s"
+# nothing but the ship, and the flight last, so that the guns fire from the centre. The HUD's
+# is taken once the fades are over, 1.6 s after Return by the clock (the fades run on real
+# time however slow the frames, and a slow build's scaled wait would let the first wave in),
+# and what it shows is checked after:
+wait_until 10 watched_for "$WORK/radar.log" 1600 || fail "the radar's corner was not watched for 1.6 s"
 take_screenshot "$window"
 hud="$SHOT"
 
@@ -76,10 +77,19 @@ energy_at_rest() {
 # dipped. Each bolt costs 2, shown from the next frame on unless that frame's refill (35 a
 # second) has already paid it back: so the dip is only looked for where frames take less than
 # 57 ms, in the normal build and not under the sanitizers.
+# F1 screenshots are taken until one shows the bolts: over 100 more violet pixels along the row
+# to the reticle, either side of it, than the HUD's screenshot had there.
+violet_on_row() {
+  echo $(( $(tinted_pixels "$1" "$SHOT_ROW_NEAR" B RG 25) + $(tinted_pixels "$1" "$SHOT_ROW_FAR" B RG 25) ))
+}
+calm="$(violet_on_row "$hud")"
+bolts_in_screenshot() {
+  take_screenshot "$window" && violet="$(violet_on_row "$SHOT")" && [ "$violet" -gt $((calm + 100)) ]
+}
 watch_screen "$ENERGY_DIGITS" digit_pixels "$returned" "$WORK/plasma_energy.log"
 xdotool mousedown 1
-wait_until 5 tinted_on_screen "$SHOT_ROW_NEAR" B RG 25 150 || fail "no violet bolts on the row to the reticle while the left button was held"
-take_screenshot "$window"
+wait_until 5 bolts_in_screenshot ||
+  fail "no screenshot showed violet bolts toward the reticle while the left button was held: $violet violet pixels, $calm before"
 bolts="$SHOT"
 if [ "$TIME_SCALE" = 1 ]; then
   wait_until 5 energy_changed "$WORK/plasma_energy.log" ||
@@ -94,9 +104,21 @@ stop_watching "$WATCH"
 wait_until 5 energy_at_rest || fail "the energy store did not fill up again after the plasma"
 xdotool mousemove "$CENTRE_X" "$BEAM_END_Y"
 watch_screen "$ENERGY_DIGITS" digit_pixels "$returned" "$WORK/laser_energy.log"
+# A beam thins as it ages, so F1 screenshots are taken until one shows a beam running down the
+# column from the ship to the reticle, with nothing either side of it.
+beam_down_the_column_in() {
+  for beam_y in 440 490 540; do
+    [ "$(tinted_pixels "$1" "16x20+$((CENTRE_X - 8))+$beam_y" B RG 25)" -gt 40 ] &&
+      [ "$(tinted_pixels "$1" "16x20+$((CENTRE_X - 48))+$beam_y" B RG 25)" -lt 10 ] &&
+      [ "$(tinted_pixels "$1" "16x20+$((CENTRE_X + 32))+$beam_y" B RG 25)" -lt 10 ] || return 1
+  done
+}
+beam_in_screenshot() {
+  take_screenshot "$window" && beam_down_the_column_in "$SHOT"
+}
 xdotool mousedown 3
-wait_until 5 tinted_on_screen "$BEAM_COLUMN" B RG 25 600 || fail "no beam below the ship while the right button was held"
-take_screenshot "$window"
+wait_until 5 beam_in_screenshot ||
+  fail "no screenshot showed a beam down to the reticle, alone in its column, while the right button was held (last at y $beam_y)"
 beam="$SHOT"
 wait_until 5 energy_changed "$WORK/laser_energy.log" ||
   fail "the energy figure never changed while the laser fired: $(tr '\n' ' ' <"$WORK/laser_energy.log")"
@@ -104,12 +126,29 @@ xdotool mouseup 3
 stop_watching "$WATCH"
 xdotool mousemove "$RETICLE_X" "$RETICLE_Y"
 
-# A second of thrust to the right.
+# Thrust to the right, held until the view has moved on with the ship: the stars drifted (many
+# more of their pixels changed since the beam's picture than while the ship stood still, when
+# only the slowly turning sky moves), and the camera leads the ship, so it fell behind to the
+# left of the centre, its violet rim and exhaust there and not right of it. F1 screenshots are
+# taken with the key held until one shows both.
+standing="$(moved_pixels "$hud" "$bolts" "$SKY_TOP" 30)"
+stars_drifted_in() {
+  drifted="$(moved_pixels "$beam" "$1" "$SKY_TOP" 30)"
+  [ "$drifted" -gt $((standing * 3 / 2 + 100)) ]
+}
+ship_behind_in() {
+  behind="$(tinted_pixels "$1" "$SHIP_LEFT" B RG 25)"
+  ahead="$(tinted_pixels "$1" "$SHIP_RIGHT" B RG 25)"
+  [ "$behind" -gt $((3 * ahead + 100)) ]
+}
+view_moved_in_screenshot() {
+  behind="" ahead=""
+  take_screenshot "$window" && stars_drifted_in "$SHOT" && ship_behind_in "$SHOT"
+}
 xdotool keydown --window "$window" d
-sleep 1
+wait_until 5 view_moved_in_screenshot ||
+  fail "holding d never moved the view on with the ship: $drifted star pixels changed ($standing while it stood), violet pixels ${behind:-?} left of the centre, ${ahead:-?} right"
 xdotool keyup --window "$window" d
-take_screenshot "$window"
-flight="$SHOT"
 
 # The fades: the title fades to black over a second, and nothing of the game shows before it
 # ends; then the game comes in over half a second, its radar at three quarters of its full
@@ -141,34 +180,6 @@ for part in "$SKY_TOP" "$SKY_BOTTOM"; do
   size=$(( ${part%%x*} * $(cut -d x -f 2 <<<"${part%%+*}") ))
   [ "$(bright_pixels "$hud" "$part" 0.5)" -gt $((size * 9 / 10)) ] || fail "black where the sky should be ($part)"
   [ "$(bright_pixels "$hud" "$part" 40)" -gt 50 ] || fail "no stars over the sky ($part)"
-done
-
-# The flight moved the view: the stars drifted (many more of their pixels changed than while
-# the ship stood still, when only the slowly turning sky moves), and the camera leads the
-# ship, which fell behind to the left of the centre, its violet rim and exhaust there and not
-# right of it.
-standing="$(moved_pixels "$hud" "$bolts" "$SKY_TOP" 30)"
-drifted="$(moved_pixels "$beam" "$flight" "$SKY_TOP" 30)"
-[ "$drifted" -gt $((standing * 3 / 2 + 100)) ] ||
-  fail "the stars did not drift while the ship flew: $drifted pixels changed, $standing while it stood"
-behind="$(tinted_pixels "$flight" "$SHIP_LEFT" B RG 25)"
-ahead="$(tinted_pixels "$flight" "$SHIP_RIGHT" B RG 25)"
-[ "$behind" -gt $((3 * ahead + 100)) ] ||
-  fail "the ship is not behind the leading camera: $behind violet pixels left of the centre, $ahead right"
-
-# Violet bolts flew along the row to the reticle.
-violet_on_row() {
-  echo $(( $(tinted_pixels "$1" "$SHOT_ROW_NEAR" B RG 25) + $(tinted_pixels "$1" "$SHOT_ROW_FAR" B RG 25) ))
-}
-calm="$(violet_on_row "$hud")"
-[ "$(violet_on_row "$bolts")" -gt $((calm + 100)) ] ||
-  fail "no violet bolts toward the reticle: $(violet_on_row "$bolts") violet pixels, $calm before"
-
-# The beam runs down the column from the ship to the reticle, with nothing either side of it.
-for y in 440 490 540; do
-  [ "$(tinted_pixels "$beam" "16x20+$((CENTRE_X - 8))+$y" B RG 25)" -gt 40 ] || fail "no beam at y $y on the way to the reticle"
-  [ "$(tinted_pixels "$beam" "16x20+$((CENTRE_X - 48))+$y" B RG 25)" -lt 10 ] || fail "blue left of the beam at y $y"
-  [ "$(tinted_pixels "$beam" "16x20+$((CENTRE_X + 32))+$y" B RG 25)" -lt 10 ] || fail "blue right of the beam at y $y"
 done
 
 # "Wave 1 incoming": the game starts a second after Return and the wave five seconds later.
