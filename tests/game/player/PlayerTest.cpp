@@ -60,6 +60,20 @@ protected:
         player->update();
     }
 
+    // With the button held, a store of exactly power fires nothing; half a unit more fires one
+    // shot, which leaves the half.
+    void expectFiresOnlyAbove(int gunButton, float power)
+    {
+        player->energyRegen = 0;
+        player->energy = power;
+        button(gunButton, true);
+        frame();
+        EXPECT_EQ(player->energy, power);
+        player->energy = power + 0.5f;
+        frame(300);
+        EXPECT_FLOAT_EQ(player->energy, 0.5f);
+    }
+
     Player* player = nullptr;
 };
 
@@ -238,26 +252,12 @@ TEST_F(PlayerTest, HoldingTheRightButtonFiresABeamEveryTwoHundredFiftyMillisecon
 
 TEST_F(PlayerTest, FiringNeedsEnergyStrictlyAboveTheWeaponsPower)
 {
-    player->energyRegen = 0;
-    player->energy = 2;
-    button(1, true);
-    frame();
-    EXPECT_EQ(player->energy, 2);
-    player->energy = 2.5f;
-    frame(300);
-    EXPECT_FLOAT_EQ(player->energy, 0.5f);
+    expectFiresOnlyAbove(1, 2.0f); // the plasma gun's bolts cost 2
 }
 
 TEST_F(PlayerTest, TheLaserTooNeedsEnergyStrictlyAboveItsPower)
 {
-    player->energyRegen = 0;
-    player->energy = 8;
-    button(3, true);
-    frame();
-    EXPECT_EQ(player->energy, 8);
-    player->energy = 8.5f;
-    frame(300);
-    EXPECT_FLOAT_EQ(player->energy, 0.5f);
+    expectFiresOnlyAbove(3, 8.0f); // the laser's beams cost 8
 }
 
 TEST_F(PlayerTest, DamageThatTakesTheHullToExactlyZeroKills)
